@@ -1,0 +1,196 @@
+#include "platform/ImageProperties.h"
+
+#include <glib.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <exiv2/exiv2.hpp>
+#include <exiv2/webpimage.hpp>
+#include <memory>
+#include <mutex>
+#include <nlohmann/json.hpp>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace ornivo {
+namespace {
+
+using nlohmann::json;
+
+/// Longer lists are tables of picture data or a maker's own notes, no properties.
+constexpr std::size_t longestList = 64;
+
+/// The formats of the pictures that this program takes. Exiv2 reads others, clips among them, that
+/// can crash it.
+constexpr std::array formats{Exiv2::ImageType::jpeg, Exiv2::ImageType::png,  Exiv2::ImageType::tiff,
+                             Exiv2::ImageType::webp, Exiv2::ImageType::bmff, Exiv2::ImageType::cr2,
+                             Exiv2::ImageType::nef,  Exiv2::ImageType::arw,  Exiv2::ImageType::dng,
+                             Exiv2::ImageType::orf,  Exiv2::ImageType::rw2};
+
+void lockXmp(void* mutex, bool lock) {
+    auto& xmp = *static_cast<std::recursive_mutex*>(mutex);
+    lock ? xmp.lock() : xmp.unlock();
+}
+
+/// What Exiv2 needs before several threads may use it.
+void startExiv2() {
+    static std::recursive_mutex xmp;
+    static const bool started = [] {
+        Exiv2::LogMsg::setLevel(Exiv2::LogMsg::mute);
+        Exiv2::enableBMFF(true);
+        return Exiv2::XmpParser::initialize(lockXmp, &xmp);
+    }();
+    (void)started;
+}
+
+std::string validText(std::string_view text) {
+    const std::size_t end = std::min(text.find('\0'), text.size());
+    const std::unique_ptr<gchar, decltype(&g_free)> valid(
+        g_utf8_make_valid(text.data(), static_cast<gssize>(end)), g_free);
+    return valid.get();
+}
+
+json number(const std::integral auto& value) {
+    return value;
+}
+
+json number(const std::floating_point auto& value) {
+    return std::isfinite(value) ? json(value) : json();
+}
+
+template <typename T>
+json number(const std::pair<T, T>& fraction) {
+    if (fraction.second == 0) return {};
+    return static_cast<double>(fraction.first) / static_cast<double>(fraction.second);
+}
+
+template <typename T>
+bool appendNumbers(const Exiv2::Value& value, std::vector<json>& numbers) {
+    const auto* typed = dynamic_cast<const Exiv2::ValueType<T>*>(&value);
+    if (!typed) return false;
+    for (const T& element : typed->value_) numbers.push_back(number(element));
+    return true;
+}
+
+/// The numbers of a value, null for a fraction without a denominator; empty when it holds none, or
+/// bytes of no stated meaning.
+std::vector<json> numbersOf(const Exiv2::Value& value) {
+    std::vector<json> numbers;
+    if (static_cast<std::size_t>(value.count()) > longestList) return numbers;
+    if (value.typeId() == Exiv2::unsignedByte || value.typeId() == Exiv2::signedByte) {
+        for (long i = 0; i < static_cast<long>(value.count()); ++i) {
+            numbers.push_back(value.toRational(i).first);
+        }
+        return numbers;
+    }
+    appendNumbers<std::uint16_t>(value, numbers) || appendNumbers<std::int16_t>(value, numbers) ||
+        appendNumbers<std::uint32_t>(value, numbers) ||
+        appendNumbers<std::int32_t>(value, numbers) ||
+        appendNumbers<Exiv2::URational>(value, numbers) ||
+        appendNumbers<Exiv2::Rational>(value, numbers) || appendNumbers<float>(value, numbers) ||
+        appendNumbers<double>(value, numbers);
+    return numbers;
+}
+
+/// Text, a number or a list of numbers; null when the value is none of these.
+json propertyOf(const Exiv2::Value& value) {
+    if (value.typeId() == Exiv2::asciiString) return validText(value.toString());
+    std::vector<json> numbers = numbersOf(value);
+    if (numbers.empty() || std::ranges::any_of(numbers, &json::is_null)) return {};
+    return numbers.size() == 1 ? std::move(numbers.front()) : json(std::move(numbers));
+}
+
+/// Degrees from degrees, minutes and seconds, of which the finer may be missing or unknown; null
+/// for a negative part, which no valid file has, since the hemisphere stands elsewhere.
+json degreesOf(const Exiv2::Value& value) {
+    constexpr std::size_t most = 3;
+    const std::vector<json> parts = numbersOf(value);
+    if (parts.empty() || parts.front().is_null()) return {};
+    double degrees = 0;
+    double unit = 1;
+    for (std::size_t i = 0; i < std::min(parts.size(), most); ++i, unit /= 60) {
+        const double part = parts[i].is_null() ? 0 : parts[i].get<double>();
+        if (part < 0) return {};
+        degrees += part * unit;
+    }
+    return degrees;
+}
+
+void addGpsProperty(const std::string& tag, const Exiv2::Value& value, json& group) {
+    constexpr std::string_view prefix = "GPS";
+    const std::string key = tag.starts_with(prefix) ? tag.substr(prefix.size()) : tag;
+    const bool isAngle = key == property::gpsLatitude || key == property::gpsLongitude;
+    json found =
+        isAngle && value.typeId() != Exiv2::asciiString ? degreesOf(value) : propertyOf(value);
+    if (!found.is_null()) group.emplace(key, std::move(found));
+}
+
+void addProperty(const Exiv2::Exifdatum& datum, json& properties) {
+    const std::string group = datum.groupName();
+    const std::string tag = datum.tagName();
+    if (group == "GPSInfo")
+        return addGpsProperty(tag, datum.value(), properties[property::gpsGroup]);
+    const char* name = group == "Photo"   ? property::exifGroup
+                       : group == "Image" ? property::tiffGroup
+                                          : nullptr;
+    if (!name) return;
+    json value = propertyOf(datum.value());
+    if (!value.is_null()) properties[name].emplace(tag, std::move(value));
+}
+
+/// RAW files based on TIFF may have these among the first directory's tags alone.
+void completeExifGroup(json& properties) {
+    const auto tiff = properties.find(property::tiffGroup);
+    if (tiff == properties.end()) return;
+    for (const char* key : {property::exifDateTimeOriginal, property::exifIsoSpeedRatings}) {
+        if (const auto found = tiff->find(key); found != tiff->end())
+            properties[property::exifGroup].emplace(key, *found);
+    }
+}
+
+/// Whether the headers hold no fault; what was read before one stands in the image all the same.
+bool readsToItsEnd(Exiv2::Image& image) {
+    try {
+        image.readMetadata();
+        return true;
+    } catch (const std::exception&) {
+        return false;
+    }
+}
+
+json propertiesOf(const Exiv2::ExifData& exif) {
+    json properties = json::object();
+    for (const auto& datum : exif) addProperty(datum, properties);
+    completeExifGroup(properties);
+    if (const auto tiff = properties.find(property::tiffGroup); tiff != properties.end()) {
+        const auto orientation = tiff->find(property::orientation);
+        if (orientation != tiff->end()) properties[property::orientation] = *orientation;
+    }
+    return properties;
+}
+
+}  // namespace
+
+std::optional<ImageProperties> readImageProperties(const std::filesystem::path& file) {
+    std::error_code ignored;
+    if (!std::filesystem::is_regular_file(file, ignored)) return std::nullopt;
+    startExiv2();
+    try {
+        // Made absolute, because Exiv2 takes some relative paths for addresses on a network.
+        const auto image =
+            Exiv2::ImageFactory::open(std::filesystem::absolute(file).string(), false);
+        if (std::ranges::find(formats, image->imageType()) == formats.end()) return std::nullopt;
+        const bool isWhole = readsToItsEnd(*image);
+        if (!isWhole && image->exifData().empty()) return std::nullopt;
+        return propertiesOf(image->exifData());
+    } catch (const std::exception&) {
+        return std::nullopt;
+    }
+}
+
+}  // namespace ornivo

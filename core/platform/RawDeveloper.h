@@ -1,0 +1,17 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+
+#include "platform/Bitmap.h"
+
+namespace ornivo {
+
+/// Develops a camera's RAW file into sRGB, standing upright, with the camera's white balance. The
+/// longer side has at most `maxDimension` pixels; a smaller picture is not enlarged.
+///
+/// Absent when the file cannot be read or developed, as when its sensor data is cut short. May be
+/// called from any thread.
+std::optional<Bitmap> developRaw(const std::filesystem::path& file, int maxDimension);
+
+}  // namespace ornivo

@@ -1,0 +1,93 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <ostream>
+
+#include "platform/Bitmap.h"
+#include "support/Exif.h"
+#include "support/TiffDirectory.h"
+
+/// Small real picture files. Every `write…` makes the folders above the file and answers its path.
+namespace ornivo::testing {
+
+struct Colour {
+    std::uint8_t red = 128;
+    std::uint8_t green = 128;
+    std::uint8_t blue = 128;
+
+    bool operator==(const Colour&) const = default;
+};
+
+Bitmap filled(int width, int height, Colour colour = {});
+
+/// A bitmap of what `colourAt(x, y)` answers.
+Bitmap painted(int width, int height, const std::function<Colour(int, int)>& colourAt);
+
+/// A picture whose quarters differ, so that it tells how it was turned: top left red, top right
+/// green, bottom left blue, bottom right white.
+Bitmap quarters(int width, int height);
+
+/// Whether two colours differ by at most `tolerance` in each channel.
+bool isNear(Colour a, Colour b, int tolerance);
+
+std::ostream& operator<<(std::ostream& out, Colour colour);
+
+/// The pixel at a place.
+Colour at(const Bitmap& bitmap, int x, int y);
+
+/// `displayP3` holds the same colours under a colour profile of its own.
+enum class JpegKind { colour, progressive, grey, cmyk, displayP3 };
+
+struct JpegOptions {
+    Exif exif = {};
+    JpegKind kind = JpegKind::colour;
+    /// For a picture of one colour.
+    Colour colour = {};
+};
+
+/// A JPEG of one colour.
+std::filesystem::path writeJpeg(const std::filesystem::path& path, int width, int height,
+                                const JpegOptions& options = {});
+
+std::filesystem::path writeJpeg(const std::filesystem::path& path, const Bitmap& bitmap,
+                                const JpegOptions& options = {});
+
+/// A JPEG whose metadata is put together by hand.
+std::filesystem::path writeJpegWithTags(const std::filesystem::path& path, int width, int height,
+                                        const TiffDirectory& tags);
+
+enum class PngKind { eightBit, sixteenBit, palette, halfTransparent };
+
+std::filesystem::path writePng(const std::filesystem::path& path, const Bitmap& bitmap,
+                               PngKind kind = PngKind::eightBit);
+
+enum class TiffKind { eightBit, sixteenBit };
+
+std::filesystem::path writeTiff(const std::filesystem::path& path, const Bitmap& bitmap,
+                                TiffKind kind = TiffKind::eightBit);
+
+std::filesystem::path writeWebp(const std::filesystem::path& path, const Bitmap& bitmap);
+
+/// A TIFF that keeps red, green and blue in tiles of their own.
+std::filesystem::path writeTiffInPlanes(const std::filesystem::path& path, const Bitmap& bitmap);
+
+std::filesystem::path writeHeic(const std::filesystem::path& path, const Bitmap& bitmap);
+
+/// Whether this machine's HEIC library can write as well as read.
+bool canWriteHeic();
+
+struct DngOptions {
+    /// What the camera wrote beside the sensor's data.
+    Exif exif = {};
+    /// The share of the sensor's data that is there; less than 1 is a transfer that broke off.
+    double dataKept = 1;
+};
+
+/// A camera's RAW file that develops: the bitmap, as seen through a Bayer filter, as 16-bit linear
+/// sensor data. Both sides of the bitmap are even.
+std::filesystem::path writeDng(const std::filesystem::path& path, const Bitmap& bitmap,
+                               const DngOptions& options = {});
+
+}  // namespace ornivo::testing
