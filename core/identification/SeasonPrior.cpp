@@ -1,0 +1,31 @@
+#include "identification/SeasonPrior.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "identification/CandidateWeights.h"
+
+namespace ornivo {
+
+SeasonPrior::SeasonPrior(LabelsByMonth labelsByMonth, double offSeasonWeight)
+    : labelsByMonth_(std::move(labelsByMonth)),
+      offSeasonWeight_(std::clamp(offSeasonWeight, 0.0, 1.0)) {}
+
+SpeciesPrior::Candidates SeasonPrior::adjusted(Candidates candidates,
+                                               const IdentificationContext& context) const {
+    if (!(offSeasonWeight_ < 1.0) || !context.month) return candidates;
+    const auto present = labelsByMonth_.find(*context.month);
+    if (present == labelsByMonth_.end() || present->second.empty()) return candidates;
+
+    Candidates weighted = candidates;
+    const double sum = weighDown(weighted, offSeasonWeight_, [&](const std::string& label) {
+        return present->second.contains(label);
+    });
+    // Unlike a place, a season that leaves nothing over is no reason to touch the list.
+    if (!(sum > 0)) return candidates;
+    renormalise(weighted, sum);
+    sortLikeliestFirst(weighted);
+    return weighted;
+}
+
+}  // namespace ornivo

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <unordered_set>
+
+#include "identification/SpeciesPrior.h"
+
+namespace ornivo {
+
+/// Knows which species are present in each month of the year.
+class SeasonPrior final : public SpeciesPrior {
+public:
+    /// Month 1 to 12 to the raw labels of the species present in it. A month that is missing or
+    /// has no species says nothing.
+    using LabelsByMonth = std::map<int, std::unordered_set<std::string>>;
+
+    using SpeciesPrior::adjusted;
+
+    /// `offSeasonWeight`, clamped to 0..1, is the factor for species that are absent; 1 switches
+    /// the prior off.
+    SeasonPrior(LabelsByMonth labelsByMonth, double offSeasonWeight);
+
+    bool usesLocation() const override { return false; }
+    bool usesDate() const override { return true; }
+    Candidates adjusted(Candidates candidates, const IdentificationContext& context) const override;
+
+private:
+    LabelsByMonth labelsByMonth_;
+    double offSeasonWeight_;
+};
+
+}  // namespace ornivo
