@@ -1,0 +1,18 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+/// Numbers as text, the same in every locale.
+namespace ornivo {
+
+/// A number that is not negative, filled up with zeros to a number of digits: 7 with 3 gives "007".
+std::string paddedText(int number, std::size_t digits);
+
+/// Rounded to four places: 0.5 gives "0.5000".
+std::string fourPlaces(double number);
+
+/// The shortest text that reads back as the same number.
+std::string shortestText(double number);
+
+}  // namespace ornivo

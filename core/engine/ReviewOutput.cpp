@@ -1,0 +1,47 @@
+#include <cstddef>
+
+#include "engine/Numbers.h"
+#include "engine/SortEngine.h"
+#include "identification/BirdClassifierLabels.h"
+
+namespace ornivo {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* csvHeader = "filename,guess1,conf1,guess2,conf2,guess3,conf3\n";
+constexpr std::size_t guessesPerRow = 3;
+
+std::string csvRow(const std::string& fileName, const IdentifiedSpecies& species) {
+    std::string row = ReviewPage::csvField(fileName);
+    for (std::size_t rank = 0; rank < guessesPerRow; ++rank) {
+        if (rank < species.topK.size()) {
+            const auto& [label, confidence] = species.topK[rank];
+            row += "," + ReviewPage::csvField(BirdClassifierLabels::displayName(label));
+            row += "," + fourPlaces(confidence);
+        } else {
+            row += ",,";
+        }
+    }
+    return row + "\n";
+}
+
+}  // namespace
+
+void SortEngine::appendReviewRow(const fs::path& baseDest, const std::string& fileName,
+                                 const IdentifiedSpecies& species) {
+    const fs::path folder = baseDest / uncertainFolderName;
+    files_->createDirectories(folder);
+    if (!reviewCSVHandle_) {
+        const fs::path csv = folder / reviewCSVName;
+        if (!files_->exists(csv)) files_->replaceContents(csv, csvHeader);
+        reviewCSVHandle_ = files_->openForAppending(csv);
+    }
+    reviewCSVHandle_->write(csvRow(fileName, species));
+}
+
+void SortEngine::writeReviewPage(const fs::path&, double) {
+    // The page itself is yet to be built; an older one stays as it is.
+}
+
+}  // namespace ornivo
