@@ -1,0 +1,99 @@
+#include "cli/IdentifyCommand.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <exception>
+#include <filesystem>
+#include <memory>
+#include <variant>
+
+#include "cli/BundledIdentifier.h"
+#include "cli/CommandHelp.h"
+#include "cli/EventJson.h"
+#include "cli/Numbers.h"
+#include "cli/Position.h"
+#include "cli/TerminalText.h"
+#include "engine/LookAhead.h"
+#include "engine/SortEngine.h"
+#include "identification/BirdClassifierLabels.h"
+#include "platform/Text.h"
+
+namespace ornivo::cli {
+
+namespace {
+
+const std::vector<Example> examples{
+    {"ornivo-cli identify IMG_2041.jpg", "the three likeliest species"},
+    {"ornivo-cli identify *.CR3 --at -33.9,151.2", "several files, all taken near Sydney"},
+    {"ornivo-cli identify --json *.jpg > calls.jsonl", "one JSON object a line, for scripts"},
+};
+
+/// The species in a file, or why they can't be told.
+using Answer = std::variant<IdentifiedSpecies, std::string>;
+
+Answer identify(SortEngine& engine, const std::filesystem::path& file,
+                const std::optional<PhotoLocation>& location) {
+    std::error_code failure;
+    if (!std::filesystem::exists(file, failure)) return "There is no such file.";
+    if (!std::filesystem::is_regular_file(file, failure)) return "It is not an ordinary file.";
+    try {
+        return engine.classify(file, location).species;
+    } catch (const std::exception& error) {
+        return error.what();
+    }
+}
+
+void printWords(Console& console, const std::string& file, const Answer& answer) {
+    if (const auto* why = std::get_if<std::string>(&answer)) {
+        console.line(printable("✗ " + file + ": " + *why), Tone::error);
+        return;
+    }
+    console.line(printable(file));
+    constexpr std::size_t percentColumns = 4;
+    for (const auto& candidate : std::get<IdentifiedSpecies>(answer).topK) {
+        std::string percent = percentage(candidate.confidence);
+        percent.insert(0, percentColumns - std::min(percent.size(), percentColumns), ' ');
+        console.line("  " + percent + "  " +
+                     printable(BirdClassifierLabels::displayName(candidate.label)) + " (" +
+                     printable(replacing(candidate.label, '_', ' ')) + ")");
+    }
+}
+
+void printJson(Console& console, const std::string& file, const Answer& answer) {
+    Json json{{"path", file}};
+    if (const auto* species = std::get_if<IdentifiedSpecies>(&answer)) {
+        json["candidates"] = candidatesJson(*species);
+    } else {
+        json["error"] = std::get<std::string>(answer);
+    }
+    console.write(jsonLine(json));
+}
+
+}  // namespace
+
+IdentifyCommand::IdentifyCommand(CLI::App& parent)
+    : command_(*parent.add_subcommand("identify", "Tell the birds in single files")) {
+    files_ = addWords(command_, "FILE", "Photographs or clips");
+    command_.add_option("--at", at_, "Where files without a position of their own were taken")
+        ->type_name("LAT,LON");
+    command_.add_flag("--json", json_, "One JSON object a file, a line each");
+    addHelp(command_, "Options", examples);
+}
+
+ExitCode IdentifyCommand::run(Console& console) {
+    const std::vector<std::string>& files = files_->results();
+    const auto location = at_ ? std::optional(parsePosition(*at_)) : std::nullopt;
+    SortEngine engine(bundledIdentifier(), std::make_shared<JobController>());
+    const auto workers = std::min<std::size_t>(SortEngine::defaultWorkers(), files.size());
+    LookAhead<Answer> answers(files.size(), static_cast<unsigned>(workers),
+                              [&](std::size_t i) { return identify(engine, files[i], location); });
+    ExitCode code = ExitCode::done;
+    for (const auto& file : files) {
+        const Answer answer = answers.take();
+        if (std::holds_alternative<std::string>(answer)) code = ExitCode::someFailed;
+        json_ ? printJson(console, file, answer) : printWords(console, file, answer);
+    }
+    return code;
+}
+
+}  // namespace ornivo::cli

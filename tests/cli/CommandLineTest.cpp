@@ -1,0 +1,78 @@
+#include "cli/CommandLine.h"
+
+#include <gmock/gmock.h>
+
+#include "cli/SortScene.h"
+
+namespace ornivo::cli {
+
+using namespace ornivo::testing;
+using ::testing::HasSubstr;
+using ::testing::MatchesRegex;
+using ::testing::StartsWith;
+
+TEST(CommandLine, WithoutArgumentsTheHelpIsShown) {
+    const Ending bare = Program::run({});
+    EXPECT_EQ(bare.code, 0);
+    EXPECT_EQ(bare.err, "");
+    EXPECT_EQ(bare.out, Program::run({"--help"}).out);
+    EXPECT_THAT(bare.out, StartsWith("Sorts bird photographs into species folders"));
+}
+
+TEST(CommandLine, EveryHelpTeachesByExamplesThatFitATerminal) {
+    for (const Arguments& words : {Arguments{"--help"}, Arguments{"sort", "--help"},
+                                   Arguments{"identify", "-h"}, Arguments{"species", "--help"}}) {
+        const Ending ending = Program::run(words);
+        EXPECT_EQ(ending.code, 0);
+        EXPECT_THAT(ending.out, HasSubstr("\nExamples:\n  ornivo-cli "));
+        for (const auto& line : linesOf(ending.out)) EXPECT_LE(line.size(), 80U) << line;
+    }
+}
+
+TEST(CommandLine, HelpOnACommandNamesItsOptions) {
+    const std::string help = Program::run({"sort", "--help"}).out;
+    for (const char* const option :
+         {"SOURCE", "DESTINATION", "--level", "--confidence", "--at", "--rename",
+          "--date-subfolders", "--trash-originals", "--dry-run", "--json", "--yes"}) {
+        EXPECT_THAT(help, HasSubstr(std::string("\n  ") + option));
+    }
+}
+
+TEST(CommandLine, TheVersionIsToldOnOneLine) {
+    const Ending ending = Program::run({"--version"});
+    EXPECT_EQ(ending.code, 0);
+    EXPECT_THAT(ending.out, MatchesRegex("ornivo-cli [0-9]+\\.[0-9]+\\.[0-9]+\n"));
+}
+
+TEST(CommandLine, WhatIsNoCommandIsExitCode2WithAHint) {
+    struct Row {
+        Arguments arguments;
+        std::string sentence;
+    };
+    for (const Row& row : {
+             Row{{"sotr"},
+                 "The following argument was not expected: sotr. "
+                 "Try: ornivo-cli --help\n"},
+             Row{{"--unknown"},
+                 "The following argument was not expected: --unknown. "
+                 "Try: ornivo-cli --help\n"},
+             Row{{"sort"}, "SOURCE is required. Try: ornivo-cli sort --help\n"},
+             Row{{"sort", "in"}, "DESTINATION is required. Try: ornivo-cli sort --help\n"},
+             Row{{"species", "owl", "a\x1b[2J", "--b\x1b[2J"},
+                 "The following argument was not expected: --b\uFFFD[2J. "
+                 "Try: ornivo-cli species --help\n"},
+         }) {
+        const Ending ending = Program::run(row.arguments);
+        EXPECT_EQ(ending.code, 2);
+        EXPECT_EQ(ending.out, "");
+        EXPECT_EQ(ending.err, row.sentence);
+    }
+}
+
+TEST(CommandLine, AFolderNamedLikeACommandIsAFolder) {
+    EXPECT_EQ(Program::run({"sort", "species", "identify"}).err,
+              "There is no folder \"species\".\n");
+    EXPECT_EQ(Program::run({"sort", "sort", "sort"}).err, "There is no folder \"sort\".\n");
+}
+
+}  // namespace ornivo::cli

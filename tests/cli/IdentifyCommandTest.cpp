@@ -1,0 +1,87 @@
+#include "cli/IdentifyCommand.h"
+
+#include <gmock/gmock.h>
+
+#include <nlohmann/json.hpp>
+
+#include "cli/SortScene.h"
+
+namespace ornivo::cli {
+
+namespace fs = std::filesystem;
+using namespace ornivo::testing;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::MatchesRegex;
+
+class IdentifyCommandTest : public ::testing::Test {
+protected:
+    SortScene scene;
+};
+
+TEST_F(IdentifyCommandTest, EachFileIsFollowedByItsCandidates) {
+    const std::string photo = scene.addPhoto("a.jpg").string();
+    const Ending ending = Program::run({"identify", photo});
+    EXPECT_EQ(ending.code, 0);
+    const std::string candidate = " +[0-9]+%  [A-Z].* \\([A-Z][a-z]+ [a-z ]+\\)";
+    EXPECT_THAT(linesOf(ending.out), ElementsAre(photo, MatchesRegex(candidate),
+                                                 MatchesRegex(candidate), MatchesRegex(candidate)));
+}
+
+TEST_F(IdentifyCommandTest, AFileThatFailsIsToldAndTheOthersGoOn) {
+    const std::string broken = writeFile(scene.in / "broken.jpg", "no picture").string();
+    const std::string photo = scene.addPhoto("a.jpg").string();
+    const std::string missing = (scene.in / "none.jpg").string();
+    const Ending ending = Program::run({"identify", broken, missing, scene.in.string(), photo});
+    EXPECT_EQ(ending.code, 1);
+    const auto lines = linesOf(ending.out);
+    ASSERT_EQ(lines.size(), 7U) << ending.out;
+    EXPECT_EQ(lines[0], "✗ " + broken + ": The file couldn't be read.");
+    EXPECT_EQ(lines[1], "✗ " + missing + ": There is no such file.");
+    EXPECT_EQ(lines[2], "✗ " + scene.in.string() + ": It is not an ordinary file.");
+    EXPECT_EQ(lines[3], photo);
+}
+
+TEST_F(IdentifyCommandTest, JsonIsOneObjectAFileInTheirOrder) {
+    const std::string photo = scene.addPhoto("caf\xe9\n.jpg").string();
+    const Ending ending = Program::run({"identify", "--json", photo, "none.jpg"});
+    EXPECT_EQ(ending.code, 1);
+    const auto lines = linesOf(ending.out);
+    ASSERT_EQ(lines.size(), 2U);
+    const auto first = nlohmann::json::parse(lines[0]);
+    EXPECT_THAT(first["path"].get<std::string>(), HasSubstr("caf\uFFFD\n.jpg"));
+    ASSERT_EQ(first["candidates"].size(), 3U);
+    EXPECT_GE(first["candidates"][0]["confidence"], first["candidates"][1]["confidence"]);
+    EXPECT_EQ(nlohmann::json::parse(lines[1]),
+              (nlohmann::json{{"path", "none.jpg"}, {"error", "There is no such file."}}));
+}
+
+TEST_F(IdentifyCommandTest, NamesAreTakenByteForByte) {
+    for (const std::string name : {"[a].jpg", "[a]", "a,b.jpg", "{}"}) {
+        const std::string path = (scene.in / name).string();
+        EXPECT_EQ(Program::run({"identify", path}).out, "✗ " + path + ": There is no such file.\n");
+    }
+    const Ending odd = Program::run({"identify", "--", "[a,b]", "", "{}", "--json"});
+    EXPECT_EQ(odd.out,
+              "✗ [a,b]: There is no such file.\n"
+              "✗ : There is no such file.\n"
+              "✗ {}: There is no such file.\n"
+              "✗ --json: There is no such file.\n");
+}
+
+TEST_F(IdentifyCommandTest, WrongArgumentsAreExitCode2) {
+    EXPECT_EQ(Program::run({"identify"}).code, 2);
+    const Ending ending = Program::run({"identify", "a.jpg", "--at", "north"});
+    EXPECT_EQ(ending.code, 2);
+    EXPECT_EQ(ending.err,
+              "--at takes a latitude and a longitude in degrees, as in 51.5,-0.12; \"north\" is "
+              "not that.\n");
+}
+
+TEST_F(IdentifyCommandTest, NothingIsWrittenBesideTheFiles) {
+    const fs::path photo = scene.addPhoto("a.jpg");
+    Program::run({"identify", photo.string()});
+    EXPECT_EQ(SortScene::filesIn(scene.in), std::set<std::string>{"a.jpg"});
+}
+
+}  // namespace ornivo::cli
