@@ -8,6 +8,7 @@ find_package(OpenSSL REQUIRED)
 pkg_check_modules(EXIV2 REQUIRED IMPORTED_TARGET exiv2)
 pkg_check_modules(GIO REQUIRED IMPORTED_TARGET gio-2.0)
 pkg_check_modules(RAW REQUIRED IMPORTED_TARGET libraw_r)
+pkg_check_modules(TIFF REQUIRED IMPORTED_TARGET libtiff-4)
 pkg_check_modules(VIPS REQUIRED IMPORTED_TARGET vips>=8.14)
 
 set(ORNIVO_ONNXRUNTIME_ROOT ${PROJECT_SOURCE_DIR}/build/deps/onnxruntime CACHE PATH

@@ -1,10 +1,10 @@
 #!/usr/bin/env bash
 # Installs what is missing for a purpose: "run" to build and run the program, "test" for its tests
-# too. Says what it is about to install; with nothing missing it says nothing and is quick.
+# too, "bench" for the benchmarks as well. Says what it is about to install; with nothing missing it says nothing and is quick.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 
-readonly purpose=${1:?run or test}
+readonly purpose=${1:?run, test or bench}
 readonly onnxruntime=build/deps/onnxruntime
 
 packages=(
@@ -12,8 +12,15 @@ packages=(
     libcli11-dev libexiv2-dev libglib2.0-dev libicu-dev libraw-dev libssl-dev libvips-dev
     nlohmann-json3-dev
 )
-[ "$purpose" = test ] && packages+=(libgmock-dev libgtest-dev)
-[ "$purpose" = bench ] && packages+=(libbenchmark-dev)
+case "$purpose" in
+run) ;;
+test) packages+=(libgmock-dev libgtest-dev) ;;
+bench) packages+=(libgmock-dev libgtest-dev libbenchmark-dev) ;;
+*)
+    echo "setup: There is no purpose named $purpose; run, test and bench are." >&2
+    exit 2
+    ;;
+esac
 
 fail() {
     echo "setup: $*" >&2
