@@ -147,7 +147,7 @@ protected:
     }
 
     fs::path fileChangedAt(std::time_t second) {
-        const fs::path file = writeFile(folder_ / "a.jpg", "no picture");
+        fs::path file = writeFile(folder_ / "a.jpg", "no picture");
         const timespec times[2] = {{0, UTIME_OMIT}, {second, 0}};
         EXPECT_EQ(utimensat(AT_FDCWD, file.c_str(), times, 0), 0);
         return file;
