@@ -8,14 +8,33 @@ namespace {
 
 constexpr std::size_t optionColumns = 22;
 
-std::shared_ptr<CLI::Formatter> formatter() {
-    auto formatter = std::make_shared<CLI::Formatter>();
-    formatter->column_width(optionColumns);
-    formatter->label("REQUIRED", "");
-    formatter->label("SUBCOMMAND", "COMMAND");
-    formatter->label("Positionals", "Arguments");
-    return formatter;
-}
+// An option that takes words beyond those it waits for reads "[a,b]" as two of them. One that
+// never has enough takes every word as it is.
+constexpr int manyWords = CLI::detail::expected_max_vector_size;
+constexpr int neverEnough = manyWords - 1;
+
+class HelpFormatter : public CLI::Formatter {
+public:
+    HelpFormatter() {
+        column_width(optionColumns);
+        label("SUBCOMMAND", "COMMAND");
+        label("Positionals", "Arguments");
+    }
+
+    std::string make_option_opts(const CLI::Option* option) const override {
+        if (option->get_positional()) return dots(option);
+        return option->get_type_name().empty() ? "" : " " + option->get_type_name();
+    }
+
+    std::string make_option_usage(const CLI::Option* option) const override {
+        return make_option_name(option, true) + dots(option);
+    }
+
+private:
+    static std::string dots(const CLI::Option* option) {
+        return option->get_expected_max() == manyWords ? "..." : "";
+    }
+};
 
 }  // namespace
 
@@ -23,15 +42,21 @@ const CLI::Option* addWords(CLI::App& command, const std::string& name,
                             const std::string& meaning) {
     return command.add_option(name, meaning)
         ->required()
-        ->expected(1, -1)
-        ->allow_extra_args(false)
-        ->type_name("");
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
+        ->expected(neverEnough, manyWords)
+        ->allow_extra_args(false);
+}
+
+std::string joinedWords(const std::vector<std::string>& words) {
+    std::string text;
+    for (const auto& word : words) text += (text.empty() ? "" : " ") + word;
+    return text;
 }
 
 void addHelp(CLI::App& command, const std::string& group, const std::vector<Example>& examples) {
     command.set_help_flag("-h,--help", "Show this help")->group(group);
     command.group("Commands");
-    command.formatter(formatter());
+    command.formatter(std::make_shared<HelpFormatter>());
     std::string text = "Examples:";
     for (const auto& example : examples) {
         text += "\n  " + example.command + "\n      " + example.effect;

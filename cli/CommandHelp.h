@@ -18,6 +18,9 @@ struct Example {
 /// typed, whatever brackets and commas are in it.
 const CLI::Option* addWords(CLI::App& command, const std::string& name, const std::string& meaning);
 
+/// The words that an argument took, with a blank between them.
+std::string joinedWords(const std::vector<std::string>& words);
+
 /// Gives a command its help option, listed last in the group, and the examples below its help.
 /// Called once everything else is declared.
 void addHelp(CLI::App& command, const std::string& group, const std::vector<Example>& examples);

@@ -7,7 +7,10 @@
 #include <system_error>
 
 #include "cli/CommandHelp.h"
+#include "cli/DataCommand.h"
 #include "cli/IdentifyCommand.h"
+#include "cli/PlaceCommand.h"
+#include "cli/RegionsCommand.h"
 #include "cli/SortCommand.h"
 #include "cli/SpeciesCommand.h"
 #include "cli/TerminalText.h"
@@ -74,7 +77,11 @@ private:
     SortCommand sort_{app_};
     IdentifyCommand identify_{app_};
     SpeciesCommand species_{app_};
-    const std::array<Command*, 3> commands_{&sort_, &identify_, &species_};
+    RegionsCommand regions_{app_};
+    PlaceCommand place_{app_};
+    DataCommand data_{app_};
+    const std::array<Command*, 6> commands_{&sort_,    &identify_, &species_,
+                                            &regions_, &place_,    &data_};
 };
 
 /// A report that could not be written is a failure of its own.

@@ -10,10 +10,12 @@
 #include "cli/BundledIdentifier.h"
 #include "cli/CommandHelp.h"
 #include "cli/EventJson.h"
+#include "cli/ExplainingIdentifier.h"
 #include "cli/Numbers.h"
 #include "cli/Position.h"
 #include "cli/TerminalText.h"
 #include "engine/LookAhead.h"
+#include "engine/Numbers.h"
 #include "engine/SortEngine.h"
 #include "identification/BirdClassifierLabels.h"
 #include "platform/Text.h"
@@ -25,11 +27,14 @@ namespace {
 const std::vector<Example> examples{
     {"ornivo-cli identify IMG_2041.jpg", "the three likeliest species"},
     {"ornivo-cli identify *.CR3 --at -33.9,151.2", "several files, all taken near Sydney"},
+    {"ornivo-cli identify --explain IMG_2041.jpg --at 56,10",
+     "what the picture, the place and the month each have to say"},
     {"ornivo-cli identify --json *.jpg > calls.jsonl", "one JSON object a line, for scripts"},
 };
 
 /// The species in a file, or why they can't be told.
 using Answer = std::variant<IdentifiedSpecies, std::string>;
+using Explanation = std::vector<ExplainedCandidate>;
 
 Answer identify(SortEngine& engine, const std::filesystem::path& file,
                 const std::optional<PhotoLocation>& location) {
@@ -43,20 +48,51 @@ Answer identify(SortEngine& engine, const std::filesystem::path& file,
     }
 }
 
+std::string candidateWords(const std::string& label, double confidence) {
+    constexpr std::size_t percentColumns = 4;
+    std::string percent = percentage(confidence);
+    percent.insert(0, percentColumns - std::min(percent.size(), percentColumns), ' ');
+    return "  " + percent + "  " + printable(BirdClassifierLabels::displayName(label)) + " (" +
+           printable(replacing(label, '_', ' ')) + ")";
+}
+
+std::string reasonWords(const ExplainedCandidate& candidate) {
+    return ": classifier " + percentage(candidate.share) + ", range × " +
+           shortestText(candidate.rangeFactor) + ", season × " +
+           shortestText(candidate.seasonFactor);
+}
+
 void printWords(Console& console, const std::string& file, const Answer& answer) {
     if (const auto* why = std::get_if<std::string>(&answer)) {
         console.line(printable("✗ " + file + ": " + *why), Tone::error);
         return;
     }
     console.line(printable(file));
-    constexpr std::size_t percentColumns = 4;
     for (const auto& candidate : std::get<IdentifiedSpecies>(answer).topK) {
-        std::string percent = percentage(candidate.confidence);
-        percent.insert(0, percentColumns - std::min(percent.size(), percentColumns), ' ');
-        console.line("  " + percent + "  " +
-                     printable(BirdClassifierLabels::displayName(candidate.label)) + " (" +
-                     printable(replacing(candidate.label, '_', ' ')) + ")");
+        console.line(candidateWords(candidate.label, candidate.confidence));
     }
+}
+
+void printWords(Console& console, const std::string& file, const Explanation& explanation) {
+    console.line(printable(file));
+    for (const auto& candidate : explanation) {
+        console.line(candidateWords(candidate.label, candidate.confidence) +
+                     reasonWords(candidate));
+    }
+}
+
+void printJson(Console& console, const std::string& file, const Explanation& explanation) {
+    Json candidates = Json::array();
+    for (const auto& candidate : explanation) {
+        candidates.push_back({{"commonName", BirdClassifierLabels::displayName(candidate.label)},
+                              {"scientificName", replacing(candidate.label, '_', ' ')},
+                              {"label", candidate.label},
+                              {"classifierShare", candidate.share},
+                              {"rangeFactor", candidate.rangeFactor},
+                              {"seasonFactor", candidate.seasonFactor},
+                              {"confidence", candidate.confidence}});
+    }
+    console.write(jsonLine({{"path", file}, {"candidates", candidates}}));
 }
 
 void printJson(Console& console, const std::string& file, const Answer& answer) {
@@ -76,11 +112,16 @@ IdentifyCommand::IdentifyCommand(CLI::App& parent)
     files_ = addWords(command_, "FILE", "Photographs or clips");
     command_.add_option("--at", at_, "Where files without a position of their own were taken")
         ->type_name("LAT,LON");
+    command_.add_flag("--explain", explain_, "Tell what picture, place and month each contribute");
     command_.add_flag("--json", json_, "One JSON object a file, a line each");
     addHelp(command_, "Options", examples);
 }
 
 ExitCode IdentifyCommand::run(Console& console) {
+    return explain_ ? explain(console) : answer(console);
+}
+
+ExitCode IdentifyCommand::answer(Console& console) const {
     const std::vector<std::string>& files = files_->results();
     const auto location = at_ ? std::optional(parsePosition(*at_)) : std::nullopt;
     SortEngine engine(bundledIdentifier(), std::make_shared<JobController>());
@@ -92,6 +133,24 @@ ExitCode IdentifyCommand::run(Console& console) {
         const Answer answer = answers.take();
         if (std::holds_alternative<std::string>(answer)) code = ExitCode::someFailed;
         json_ ? printJson(console, file, answer) : printWords(console, file, answer);
+    }
+    return code;
+}
+
+ExitCode IdentifyCommand::explain(Console& console) const {
+    const auto location = at_ ? std::optional(parsePosition(*at_)) : std::nullopt;
+    const auto identifier = std::make_shared<ExplainingIdentifier>();
+    SortEngine engine(identifier, std::make_shared<JobController>());
+    ExitCode code = ExitCode::done;
+    for (const auto& file : files_->results()) {
+        const Answer answer = identify(engine, file, location);
+        const Explanation explanation = identifier->takeExplanation();
+        if (std::holds_alternative<std::string>(answer)) {
+            code = ExitCode::someFailed;
+            json_ ? printJson(console, file, answer) : printWords(console, file, answer);
+        } else {
+            json_ ? printJson(console, file, explanation) : printWords(console, file, explanation);
+        }
     }
     return code;
 }

@@ -20,10 +20,14 @@ public:
     ExitCode run(Console& console) override;
 
 private:
+    ExitCode answer(Console& console) const;
+    ExitCode explain(Console& console) const;
+
     CLI::App& command_;
     const CLI::Option* files_;
     std::optional<std::string> at_;
     bool json_ = false;
+    bool explain_ = false;
 };
 
 }  // namespace ornivo::cli

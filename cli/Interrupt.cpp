@@ -1,17 +1,10 @@
 #include "cli/Interrupt.h"
 
-#include <poll.h>
-#include <sys/eventfd.h>
-#include <unistd.h>
-
 #include <array>
 #include <atomic>
 #include <cerrno>
 #include <csignal>
-#include <cstdint>
 #include <utility>
-
-#include "platform/Error.h"
 
 namespace ornivo::cli {
 
@@ -42,27 +35,6 @@ extern "C" void noteInterrupt(int) {
 }
 
 }  // namespace
-
-Wakeup::Wakeup() : descriptor_(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
-    if (descriptor_ < 0) throw Error::posix(errno, "eventfd");
-}
-
-Wakeup::~Wakeup() {
-    close(descriptor_);
-}
-
-void Wakeup::wake() const {
-    const std::uint64_t one = 1;
-    // Fails only when a wake-up is pending already, which is as good.
-    [[maybe_unused]] const ssize_t ignored = ::write(descriptor_, &one, sizeof one);
-}
-
-void Wakeup::wait(int milliseconds) const {
-    pollfd poll{descriptor_, POLLIN, 0};
-    if (::poll(&poll, 1, milliseconds) <= 0) return;
-    std::uint64_t count = 0;
-    [[maybe_unused]] const ssize_t ignored = ::read(descriptor_, &count, sizeof count);
-}
 
 Interrupt::Interrupt(std::shared_ptr<const Wakeup> wakeup) : wakeup_(std::move(wakeup)) {
     interruptRequested = false;

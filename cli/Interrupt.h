@@ -2,27 +2,9 @@
 
 #include <memory>
 
+#include "cli/Wakeup.h"
+
 namespace ornivo::cli {
-
-/// Something that a thread can wait for in `poll`, and that another thread or a signal handler
-/// brings about.
-class Wakeup {
-public:
-    Wakeup();
-    ~Wakeup();
-    Wakeup(const Wakeup&) = delete;
-    Wakeup& operator=(const Wakeup&) = delete;
-
-    /// Safe to call from a signal handler.
-    void wake() const;
-    /// Waits until `wake` was called since the last wait, or for `milliseconds`.
-    void wait(int milliseconds) const;
-
-    int descriptor() const { return descriptor_; }
-
-private:
-    int descriptor_;
-};
 
 /// As long as this lives, the first request to end the program (Ctrl-C, a polite kill, a closed
 /// terminal) is only noted, and wakes whoever waits. After it the signals act as they always do,

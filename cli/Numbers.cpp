@@ -18,18 +18,30 @@ std::optional<Number> parse(std::string_view text, Form... form) {
     return value;
 }
 
-}  // namespace
-
-std::string withOneDecimal(double value) {
+std::string withDecimals(double value, int decimals) {
     // Room for the longest double that there is.
     std::array<char, 320> buffer{};
     const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
-                                       std::chars_format::fixed, 1);
+                                       std::chars_format::fixed, decimals);
     return {buffer.data(), written.ptr};
+}
+
+}  // namespace
+
+std::string withOneDecimal(double value) {
+    return withDecimals(value, 1);
+}
+
+std::string degreesText(double degrees) {
+    return withDecimals(degrees, 2);
 }
 
 std::string percentage(double probability) {
     return std::to_string(std::lround(probability * 100)) + "%";
+}
+
+std::string counted(std::size_t count, const std::string& one, const std::string& several) {
+    return std::to_string(count) + " " + (count == 1 ? one : several);
 }
 
 std::optional<double> parseDecimal(std::string_view text) {

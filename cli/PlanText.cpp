@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "cli/Numbers.h"
+
 namespace ornivo::cli {
 
 namespace {
@@ -10,18 +12,15 @@ namespace {
 namespace fs = std::filesystem;
 using Kind = PlanStep::Kind;
 
-std::string counted(std::size_t count) {
-    return std::to_string(count) + (count == 1 ? " file" : " files");
-}
-
 std::string heading(Kind kind, std::size_t count, const fs::path& destination) {
+    const std::string files = counted(count, "file", "files");
     switch (kind) {
         case Kind::copy:
-            return "Would copy " + counted(count) + " into " + destination.string() + ":";
+            return "Would copy " + files + " into " + destination.string() + ":";
         case Kind::move:
-            return "Would move " + counted(count) + " within it:";
+            return "Would move " + files + " within it:";
         case Kind::trash:
-            return "Would move " + counted(count) + " to the Trash once copied:";
+            return "Would move " + files + " to the Trash once copied:";
         case Kind::write:
             return "Would write:";
         case Kind::remove:

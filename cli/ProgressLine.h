@@ -2,19 +2,9 @@
 
 #include <string>
 
-namespace ornivo::cli {
+#include "cli/RunProgress.h"
 
-/// A run under way, as its progress line shows it.
-struct RunProgress {
-    /// Files dealt with.
-    int done = 0;
-    /// Files in all.
-    int total = 0;
-    double elapsedSeconds = 0;
-    std::string fileName;
-    /// Whether the run has been asked to stop and is finishing a file.
-    bool stopping = false;
-};
+namespace ornivo::cli {
 
 /// One line of text; the bar stands apart so that it may have a colour of its own.
 struct ProgressLine {

@@ -3,9 +3,6 @@
 #include <utility>
 #include <variant>
 
-#include "cli/Numbers.h"
-#include "identification/BirdClassifierLabels.h"
-
 namespace ornivo::cli {
 
 std::optional<Shot> ShotLog::take(const SortEngine::Event& event) {
@@ -26,20 +23,6 @@ std::optional<Shot> ShotLog::take(const SortEngine::Event& event) {
     }
     if (const auto* progress = std::get_if<ProgressUpdate>(&event)) fileName_ = progress->fileName;
     return std::exchange(pending_, std::nullopt);
-}
-
-std::string shotLine(const Shot& shot) {
-    if (shot.failure) return "✗ " + shot.fileName + ": " + *shot.failure;
-    if (!shot.species) return shot.fileName;
-    const std::string name = BirdClassifierLabels::displayName(shot.species->topLabel());
-    const std::string folder = shot.called ? name : SortEngine::uncertainFolderName;
-    return shot.fileName + ": " + name + " " + percentage(shot.species->confidence()) + " → " +
-           folder + "/";
-}
-
-Tone toneOf(const Shot& shot) {
-    if (shot.failure) return Tone::error;
-    return shot.called ? Tone::accent : Tone::subdued;
 }
 
 }  // namespace ornivo::cli

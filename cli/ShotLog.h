@@ -3,24 +3,10 @@
 #include <optional>
 #include <string>
 
-#include "cli/Tone.h"
+#include "cli/Shot.h"
 #include "engine/SortEngine.h"
-#include "vocabulary/IdentifiedSpecies.h"
 
 namespace ornivo::cli {
-
-/// What became of one shot of a Sort run.
-struct Shot {
-    std::string fileName;
-    /// The best answer, where the shot could be classified.
-    std::optional<IdentifiedSpecies> species;
-    /// Whether the answer was sure enough for a species folder.
-    bool called = false;
-    /// Why the shot wasn't filed.
-    std::optional<std::string> failure;
-
-    bool operator==(const Shot&) const = default;
-};
 
 /// Puts a run's events together to shots: a shot is done with when the run turns to the next file
 /// or ends.
@@ -33,11 +19,5 @@ private:
     std::string fileName_;
     std::optional<Shot> pending_;
 };
-
-/// A shot in one line of words, such as "IMG_1.jpg: Hoopoe 93% → Hoopoe/".
-std::string shotLine(const Shot& shot);
-
-/// Accent for a called shot, error for one that failed.
-Tone toneOf(const Shot& shot);
 
 }  // namespace ornivo::cli

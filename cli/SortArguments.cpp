@@ -2,7 +2,9 @@
 
 #include <optional>
 #include <string_view>
+#include <utility>
 
+#include "cli/AssumedPlace.h"
 #include "cli/Numbers.h"
 #include "cli/Position.h"
 #include "cli/UsageError.h"
@@ -49,7 +51,7 @@ std::string ladder() {
 
 SortArguments::SortArguments(CLI::App& command) {
     const auto declareFolder = [&](const char* name, std::string& value, const char* meaning) {
-        command.add_option(name, value, meaning)->required()->type_name("");
+        command.add_option(name, value, meaning)->required();
     };
     declareFolder("SOURCE", source_, "Folder with the photographs and clips");
     declareFolder("DESTINATION", destination_, "Folder to sort into; made if missing");
@@ -69,6 +71,8 @@ void SortArguments::declareFilingOptions(CLI::App& command) {
     declareValue("--confidence", confidence_, "N",
                  "The same in fine steps, from 0 (the widest\nnet) to 100; 38 unless said");
     declareValue("--at", at_, "LAT,LON", "Where shots that don't tell their place were taken");
+    declareValue("--region", region_, "ID|PLACE",
+                 "The same by name, as in --region Kerala; see\nthe commands regions and place");
     declareFlag("--rename", rename_, "Rename files by species: CommonName_001.jpg");
     declareFlag("--date-subfolders", dateSubfolders_, "A folder for each day in those of species");
     declareFlag("--trash-originals", trashOriginals_,
@@ -92,11 +96,22 @@ SortRequest SortArguments::request() const {
     request.options.rename = rename_;
     request.options.dateSubfolders = dateSubfolders_;
     request.options.confidence = sliderOf(confidence_, level_);
-    if (at_) request.options.assumedLocation = parsePosition(*at_);
+    assumePlace(request);
     request.dryRun = dryRun_;
     request.json = json_;
     request.yes = yes_;
     return request;
+}
+
+void SortArguments::assumePlace(SortRequest& request) const {
+    if (at_ && region_) {
+        throw UsageError("--at and --region say the same thing in two ways: give one.");
+    }
+    if (at_) request.options.assumedLocation = parsePosition(*at_);
+    if (!region_) return;
+    AssumedPlace place = resolveAssumedPlace(*region_);
+    request.options.assumedLocation = place.location;
+    request.placeNote = std::move(place.note);
 }
 
 }  // namespace ornivo::cli

@@ -26,12 +26,14 @@ public:
 private:
     void declareFilingOptions(CLI::App& command);
     void declareRunOptions(CLI::App& command);
+    void assumePlace(SortRequest& request) const;
 
     std::string source_;
     std::string destination_;
     std::optional<std::string> confidence_;
     std::optional<std::string> level_;
     std::optional<std::string> at_;
+    std::optional<std::string> region_;
     bool rename_ = false;
     bool dateSubfolders_ = false;
     bool trashOriginals_ = false;

@@ -7,6 +7,7 @@
 #include "cli/CommandHelp.h"
 #include "cli/JsonReporter.h"
 #include "cli/LineReporter.h"
+#include "cli/Numbers.h"
 #include "cli/PretendingFiles.h"
 #include "cli/RunFollower.h"
 #include "cli/RunScope.h"
@@ -53,14 +54,16 @@ void requireConsentToBePossible(const SortRequest& request, const Console& conso
 
 bool consents(const SortRequest& request, const RunScope& scope, Console& console) {
     if (request.yes) return true;
-    return console.confirm("Move " + std::to_string(scope.files.size()) +
-                           " originals to the Trash, each once its copy is written?");
+    return console.confirm("Move " + counted(scope.files.size(), "original", "originals") +
+                           " to the Trash, each once its copy is written?");
 }
 
 void tellScope(const RunScope& scope, const SortRequest& request, Console& console) {
+    if (!request.placeNote.empty()) console.note(printable(request.placeNote));
     if (scope.leftOut > 0) {
-        console.note(std::to_string(scope.leftOut) +
-                     " photographs or clips that lie in the destination already are left out.");
+        console.note(counted(scope.leftOut,
+                             "file that lies in the destination already is left out.",
+                             "files that lie in the destination already are left out."));
     }
     if (scope.files.empty() && !request.json) {
         console.line(

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
 
 #include "vocabulary/SortOptions.h"
 
@@ -11,6 +12,8 @@ struct SortRequest {
     std::filesystem::path source;
     std::filesystem::path destination;
     SortOptions options;
+    /// How the place named was understood; empty if none was.
+    std::string placeNote;
     /// Only say what would be done.
     bool dryRun = false;
     /// One JSON object a line instead of words.

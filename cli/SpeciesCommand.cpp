@@ -38,12 +38,6 @@ int parseLimit(std::string_view text) {
     throw UsageError("--limit takes a whole number; \"" + std::string(text) + "\" is not that.");
 }
 
-std::string joined(const std::vector<std::string>& words) {
-    std::string text;
-    for (const auto& word : words) text += (text.empty() ? "" : " ") + word;
-    return text;
-}
-
 std::string nameOf(const SpeciesMatch& match) {
     return match.commonName + " (" + match.scientificName + ")";
 }
@@ -87,7 +81,7 @@ SpeciesCommand::SpeciesCommand(CLI::App& parent)
 }
 
 ExitCode SpeciesCommand::run(Console& console) {
-    Lookup lookup{joined(words_->results()), std::nullopt, {}};
+    Lookup lookup{joinedWords(words_->results()), std::nullopt, {}};
     lookup.exact = BirdClassifierLabels::species(lookup.query);
     lookup.suggestions = BirdClassifierLabels::search(lookup.query, parseLimit(limit_));
     json_ ? printJson(console, lookup) : printWords(console, lookup);

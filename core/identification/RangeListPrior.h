@@ -43,9 +43,18 @@ public:
     RangeListPrior(std::vector<Region> regions, double offRangeWeight);
 
     bool usesLocation() const override { return true; }
+
+    /// What this prior multiplies a species' share by, before all shares are renormalised.
+    double factor(const std::string& label, const IdentificationContext& context) const;
+
     Candidates adjusted(Candidates candidates, const IdentificationContext& context) const override;
 
 private:
+    using Labels = std::unordered_set<std::string>;
+
+    /// The species lists that count for a photograph; none when the prior leaves it alone.
+    std::vector<const Labels*> listsFor(const IdentificationContext& context) const;
+
     std::vector<Region> regions_;
     double offRangeWeight_;
 };

@@ -23,9 +23,18 @@ public:
 
     bool usesLocation() const override { return false; }
     bool usesDate() const override { return true; }
+
+    /// What this prior multiplies a species' share by, before all shares are renormalised.
+    double factor(const std::string& label, const IdentificationContext& context) const;
+
     Candidates adjusted(Candidates candidates, const IdentificationContext& context) const override;
 
 private:
+    using Labels = LabelsByMonth::mapped_type;
+
+    /// The species present when a photograph was taken; null when the prior leaves it alone.
+    const Labels* presentFor(const IdentificationContext& context) const;
+
     LabelsByMonth labelsByMonth_;
     double offSeasonWeight_;
 };

@@ -121,35 +121,42 @@ json degreesOf(const Exiv2::Value& value) {
     return degrees;
 }
 
-void addGpsProperty(const std::string& tag, const Exiv2::Value& value, json& group) {
-    constexpr std::string_view prefix = "GPS";
-    const std::string key = tag.starts_with(prefix) ? tag.substr(prefix.size()) : tag;
+json gpsPropertyOf(const std::string& key, const Exiv2::Value& value) {
     const bool isAngle = key == property::gpsLatitude || key == property::gpsLongitude;
-    json found =
-        isAngle && value.typeId() != Exiv2::asciiString ? degreesOf(value) : propertyOf(value);
-    if (!found.is_null()) group.emplace(key, std::move(found));
+    const bool isText = value.typeId() == Exiv2::asciiString;
+    return isAngle && !isText ? degreesOf(value) : propertyOf(value);
 }
 
+struct Group {
+    /// As Exiv2 calls it.
+    std::string_view tags;
+    const char* name;
+    /// What its keys begin with, and its properties don't.
+    std::string_view prefix;
+};
+
+constexpr std::array groups{Group{"Photo", property::exifGroup, ""},
+                            Group{"Image", property::tiffGroup, ""},
+                            Group{"GPSInfo", property::gpsGroup, "GPS"}};
+
 void addProperty(const Exiv2::Exifdatum& datum, json& properties) {
-    const std::string group = datum.groupName();
-    const std::string tag = datum.tagName();
-    if (group == "GPSInfo")
-        return addGpsProperty(tag, datum.value(), properties[property::gpsGroup]);
-    const char* name = group == "Photo"   ? property::exifGroup
-                       : group == "Image" ? property::tiffGroup
-                                          : nullptr;
-    if (!name) return;
-    json value = propertyOf(datum.value());
-    if (!value.is_null()) properties[name].emplace(tag, std::move(value));
+    const auto group = std::ranges::find(groups, datum.groupName(), &Group::tags);
+    if (group == groups.end()) return;
+    std::string key = datum.tagName();
+    if (key.starts_with(group->prefix)) key.erase(0, group->prefix.size());
+    const bool isGps = group->name == std::string_view(property::gpsGroup);
+    json value = isGps ? gpsPropertyOf(key, datum.value()) : propertyOf(datum.value());
+    if (!value.is_null()) properties[group->name].emplace(key, std::move(value));
 }
 
 /// RAW files based on TIFF may have these among the first directory's tags alone.
 void completeExifGroup(json& properties) {
     const auto tiff = properties.find(property::tiffGroup);
     if (tiff == properties.end()) return;
+    const json first = *tiff;
     for (const char* key : {property::exifDateTimeOriginal, property::exifIsoSpeedRatings}) {
-        if (const auto found = tiff->find(key); found != tiff->end())
-            properties[property::exifGroup].emplace(key, *found);
+        const auto found = first.find(key);
+        if (found != first.end()) properties[property::exifGroup].emplace(key, *found);
     }
 }
 

@@ -7,8 +7,9 @@
 
 namespace ornivo {
 
-/// Develops a camera's RAW file into sRGB, standing upright, with the camera's white balance. The
-/// longer side has at most `maxDimension` pixels; a smaller picture is not enlarged.
+/// Develops a camera's RAW file into sRGB, standing upright, with the camera's white balance and
+/// brightened until its lightest parts are white. The longer side has at most `maxDimension`
+/// pixels; a smaller picture is not enlarged.
 ///
 /// Absent when the file cannot be read or developed, as when its sensor data is cut short. May be
 /// called from any thread.

@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <system_error>
 
+#include "platform/Error.h"
 #include "platform/Files.h"
 
 namespace ornivo::Resources {
@@ -53,6 +54,16 @@ std::optional<fs::path> find(const std::string& name, const std::string& extensi
     const fs::path candidate = bundle() / (extension.empty() ? name : name + '.' + extension);
     if (!isThere(candidate)) return std::nullopt;
     return candidate;
+}
+
+std::optional<std::string> read(const std::string& name, const std::string& extension) {
+    const auto file = find(name, extension);
+    if (!file) return std::nullopt;
+    try {
+        return Files::system()->read(*file);
+    } catch (const Error&) {
+        return std::nullopt;
+    }
 }
 
 fs::path cachesDirectory() {

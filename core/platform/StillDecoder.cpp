@@ -2,7 +2,6 @@
 
 #include <vips/vips.h>
 
-#include <array>
 #include <cstdint>
 #include <memory>
 #include <string_view>
@@ -30,30 +29,17 @@ struct Limits {
     static constexpr std::uintmax_t heicBytes = 256'000'000;
 };
 
-enum class Format { jpeg, png, tiff, webp, heic };
-
-struct Reader {
-    std::string_view vipsClass;
-    Format format;
-};
-
-constexpr std::array readers{
-    Reader{"VipsForeignLoadJpeg", Format::jpeg}, Reader{"VipsForeignLoadPng", Format::png},
-    Reader{"VipsForeignLoadTiff", Format::tiff}, Reader{"VipsForeignLoadWebp", Format::webp},
-    Reader{"VipsForeignLoadHeif", Format::heic},
-};
-
 struct SourceUnref {
     void operator()(VipsSource* source) const { g_object_unref(source); }
 };
 using Source = std::unique_ptr<VipsSource, SourceUnref>;
 
 /// Absent for a format that is none of ours, whatever the file's name says.
-std::optional<Format> formatOf(const Source& source) {
+std::optional<StillFormat> formatOf(const Source& source) {
     if (!source) return std::nullopt;
     const char* found = vips_foreign_find_load_source(source.get());
     if (!found) return std::nullopt;
-    for (const auto& reader : readers) {
+    for (const auto& reader : stillReaders) {
         if (std::string_view(found).starts_with(reader.vipsClass)) return reader.format;
     }
     return std::nullopt;
@@ -96,12 +82,12 @@ bool hasFlag(const VipsImageHandle& image, const char* name) {
            vips_image_get_int(image.get(), name, &value) == 0 && value != 0;
 }
 
-bool isHeldWhole(const VipsImageHandle& image, Format format) {
-    if (format == Format::webp || format == Format::heic) return true;
+bool isHeldWhole(const VipsImageHandle& image, StillFormat format) {
+    if (format == StillFormat::webp || format == StillFormat::heic) return true;
     return hasFlag(image, "jpeg-multiscan") || hasFlag(image, "interlaced");
 }
 
-bool isWithinLimits(const VipsImageHandle& image, Format format) {
+bool isWithinLimits(const VipsImageHandle& image, StillFormat format) {
     const auto [width, height] = sizeOf(image);
     const std::int64_t pixels = std::int64_t{width} * height;
     return pixels <= (isHeldWhole(image, format) ? Limits::pixelsHeldWhole : Limits::pixels);
@@ -118,12 +104,6 @@ int shrinkWhileDecoding(PixelSize size, PixelSize wanted) {
     return 1;
 }
 
-/// Laid on black, in the image's own colours.
-VipsImageHandle flattened(VipsImageHandle image) {
-    if (!image || !vips_image_hasalpha(image.get())) return image;
-    return vipsStep(vips_flatten, image);
-}
-
 VipsImageHandle inSrgb(const VipsImageHandle& image) {
     if (image && vips_image_get_typeof(image.get(), VIPS_META_ICC_NAME) != 0) {
         auto converted = vipsStep(vips_icc_transform, image, "srgb", "embedded", TRUE, "intent",
@@ -131,6 +111,15 @@ VipsImageHandle inSrgb(const VipsImageHandle& image) {
         if (converted) return converted;
     }
     return vipsStep(vips_colourspace, image, VIPS_INTERPRETATION_sRGB);
+}
+
+/// Laid on black, in the image's own colours; but ink, of which none at all is white, as light.
+VipsImageHandle flattened(VipsImageHandle image) {
+    if (!image || !vips_image_hasalpha(image.get())) return image;
+    if (vips_image_get_interpretation(image.get()) == VIPS_INTERPRETATION_CMYK) {
+        image = inSrgb(image);
+    }
+    return vipsStep(vips_flatten, image);
 }
 
 /// Three 8-bit bands of an image in sRGB, whatever else it has.
@@ -148,17 +137,18 @@ std::optional<DecodedStill> decodeStill(const fs::path& file, std::optional<int>
     Source source(vips_source_new_from_file(file.c_str()));
     const auto format = formatOf(source);
     if (!format) return std::nullopt;
-    if (*format == Format::heic) source = heicSource(file);
-    auto image = *format == Format::tiff ? openTiledPlanes(file, Limits::pixelsHeldWhole) : nullptr;
+    if (*format == StillFormat::heic) source = heicSource(file);
+    auto image =
+        *format == StillFormat::tiff ? openTiledPlanes(file, Limits::pixelsHeldWhole) : nullptr;
     if (!image) image = opened(source);
     if (!image || !isWithinLimits(image, *format)) return std::nullopt;
     const PixelSize full = sizeOf(image);
     const PixelSize wanted = maxDimension ? reducedSize(full, *maxDimension) : full;
     const int shrink = shrinkWhileDecoding(full, wanted);
-    if (*format == Format::jpeg && shrink > 1) image = openedJpeg(source, shrink);
+    if (*format == StillFormat::jpeg && shrink > 1) image = openedJpeg(source, shrink);
     auto bitmap = rendered(inThreeBands(inSrgb(resized(flattened(std::move(image)), wanted))));
     if (!bitmap) return std::nullopt;
-    return DecodedStill{*std::move(bitmap), *format == Format::heic};
+    return DecodedStill{*std::move(bitmap), *format == StillFormat::heic};
 }
 
 }  // namespace ornivo

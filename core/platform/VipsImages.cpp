@@ -2,7 +2,7 @@
 
 #include <vips/vips.h>
 
-#include <array>
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -11,10 +11,6 @@
 
 namespace ornivo {
 namespace {
-
-/// The classes of libvips that read files, of the only formats that reach it.
-constexpr std::array readers{"VipsForeignLoadJpeg", "VipsForeignLoadPng", "VipsForeignLoadTiff",
-                             "VipsForeignLoadWebp", "VipsForeignLoadHeif"};
 
 void dropMessage(const gchar*, GLogLevelFlags, const gchar*, gpointer) {}
 
@@ -31,19 +27,21 @@ bool start() {
     // other's way.
     vips_concurrency_set(1);
     vips_operation_block_set("VipsForeignLoad", TRUE);
-    for (const char* reader : readers) vips_operation_block_set(reader, FALSE);
+    for (const auto& reader : stillReaders) vips_operation_block_set(reader.vipsClass, FALSE);
     return true;
 }
 
-/// Collects the strips of an image, which come from the top down.
-int appendStrip(VipsRegion* region, VipsRect* area, void* pixels) {
-    auto& out = *static_cast<std::vector<std::uint8_t>*>(pixels);
-    const std::size_t rowBytes = VIPS_REGION_SIZEOF_LINE(region);
-    for (int y = area->top; y < VIPS_RECT_BOTTOM(area); ++y) {
-        const auto* row = VIPS_REGION_ADDR(region, area->left, y);
-        out.insert(out.end(), row, row + rowBytes);
+struct RegionUnref {
+    void operator()(VipsRegion* region) const { g_object_unref(region); }
+};
+using Region = std::unique_ptr<VipsRegion, RegionUnref>;
+
+void appendRows(const Region& region, const VipsRect& area, std::vector<std::uint8_t>& pixels) {
+    const std::size_t rowBytes = VIPS_REGION_SIZEOF_LINE(region.get());
+    for (int y = area.top; y < VIPS_RECT_BOTTOM(&area); ++y) {
+        const auto* row = VIPS_REGION_ADDR(region.get(), area.left, y);
+        pixels.insert(pixels.end(), row, row + rowBytes);
     }
-    return 0;
 }
 
 }  // namespace
@@ -87,7 +85,13 @@ std::optional<Bitmap> rendered(const VipsImageHandle& image) {
     std::vector<std::uint8_t> pixels;
     pixels.reserve(static_cast<std::size_t>(width) * static_cast<std::size_t>(height) *
                    Bitmap::channels);
-    if (vips_sink_disc(image.get(), appendStrip, &pixels) != 0) return std::nullopt;
+    const Region region(vips_region_new(image.get()));
+    constexpr int stripHeight = 16;
+    for (int top = 0; top < height; top += stripHeight) {
+        const VipsRect strip{0, top, width, std::min(stripHeight, height - top)};
+        if (vips_region_prepare(region.get(), &strip) != 0) return std::nullopt;
+        appendRows(region, strip, pixels);
+    }
     return Bitmap(width, height, std::move(pixels));
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <memory>
 #include <optional>
 
@@ -10,6 +11,23 @@ struct _VipsImage;
 /// How this folder works with libvips; nothing outside it includes this.
 namespace ornivo {
 
+enum class StillFormat { jpeg, png, tiff, webp, heic };
+
+struct StillReader {
+    /// What the names of libvips' classes for the format begin with.
+    const char* vipsClass;
+    StillFormat format;
+};
+
+/// The only readers that a file can reach.
+inline constexpr std::array stillReaders{
+    StillReader{"VipsForeignLoadJpeg", StillFormat::jpeg},
+    StillReader{"VipsForeignLoadPng", StillFormat::png},
+    StillReader{"VipsForeignLoadTiff", StillFormat::tiff},
+    StillReader{"VipsForeignLoadWebp", StillFormat::webp},
+    StillReader{"VipsForeignLoadHeif", StillFormat::heic},
+};
+
 struct VipsImageUnref {
     void operator()(_VipsImage* image) const;
 };
@@ -19,8 +37,8 @@ struct VipsImageUnref {
 using VipsImageHandle = std::unique_ptr<_VipsImage, VipsImageUnref>;
 
 /// Starts libvips, at the first call, the way this program wants it: no cache, one thread an
-/// image, no message on any terminal, and no reader but those of JPEG, PNG, TIFF, WebP and HEIC,
-/// so that a hostile file reaches no other. Ends the process if the library does not start.
+/// image, no message on any terminal, and no reader but `stillReaders`. Ends the process if the
+/// library does not start.
 void startVips();
 
 /// Takes one step: an operation of libvips that makes an image from an image. A null image stays

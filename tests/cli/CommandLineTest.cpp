@@ -58,6 +58,7 @@ TEST(CommandLine, WhatIsNoCommandIsExitCode2WithAHint) {
                  "Try: ornivo-cli --help\n"},
              Row{{"sort"}, "SOURCE is required. Try: ornivo-cli sort --help\n"},
              Row{{"sort", "in"}, "DESTINATION is required. Try: ornivo-cli sort --help\n"},
+             Row{{"species"}, "QUERY is required. Try: ornivo-cli species --help\n"},
              Row{{"species", "owl", "a\x1b[2J", "--b\x1b[2J"},
                  "The following argument was not expected: --b\uFFFD[2J. "
                  "Try: ornivo-cli species --help\n"},
@@ -67,6 +68,13 @@ TEST(CommandLine, WhatIsNoCommandIsExitCode2WithAHint) {
         EXPECT_EQ(ending.out, "");
         EXPECT_EQ(ending.err, row.sentence);
     }
+}
+
+TEST(CommandLine, AReportThatFindsNoRoomIsAFailureOfItsOwn) {
+    const Ending ending =
+        Program::run({"-c", builtProgram() + " --version > /dev/full"}, {}, "/bin/sh");
+    EXPECT_EQ(ending.code, 1);
+    EXPECT_EQ(ending.err, "The output couldn't be written: No space left on device.\n");
 }
 
 TEST(CommandLine, AFolderNamedLikeACommandIsAFolder) {

@@ -22,16 +22,17 @@ std::map<std::string, std::string> contentsOf(const fs::path& folder) {
     return contents;
 }
 
-/// What a dry run with these arguments says of one kind of step, by where it would go or, without
-/// a goal, by what it would take.
-std::set<std::string> foretold(const Arguments& arguments, const std::string& action) {
-    Arguments all = arguments;
-    all.insert(all.end(), {"--dry-run", "--json"});
-    std::set<std::string> paths;
-    for (const auto& line : linesOf(Program::run(all).out)) {
+using Paths = std::set<std::string>;
+
+/// What a dry run with these arguments says: for each kind of step where things would go or,
+/// without a goal, what would be taken.
+std::map<std::string, Paths> foretold(Arguments arguments) {
+    arguments.insert(arguments.end(), {"--dry-run", "--json"});
+    std::map<std::string, Paths> paths;
+    for (const auto& line : linesOf(Program::run(arguments).out)) {
         const auto json = nlohmann::json::parse(line);
-        if (json["event"] != "plan" || json["action"] != action) continue;
-        paths.insert(json.contains("to") ? json["to"] : json["from"]);
+        if (json["event"] != "plan") continue;
+        paths[json["action"]].insert(json.contains("to") ? json["to"] : json["from"]);
     }
     return paths;
 }
@@ -80,10 +81,11 @@ TEST_F(DryRunTest, EveryFileIsForetoldWhereTheRunThenPutsIt) {
          {Arguments{}, Arguments{"--rename"}, Arguments{"--rename", "--date-subfolders"},
           Arguments{"--level", "possible", "--trash-originals", "--yes"}}) {
         const Arguments sorting = scene.sorting(options);
-        const auto copied = foretold(sorting, "copy");
-        const auto written = foretold(sorting, "write");
-        const auto removed = foretold(sorting, "remove");
-        const auto trashed = foretold(sorting, "trash");
+        auto plan = foretold(sorting);
+        const Paths copied = plan["copy"];
+        const Paths written = plan["write"];
+        const Paths removed = plan["remove"];
+        const Paths trashed = plan["trash"];
         const auto before = SortScene::filesIn(scene.out);
         const auto sources = SortScene::filesIn(scene.in);
 

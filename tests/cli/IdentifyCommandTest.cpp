@@ -61,7 +61,7 @@ TEST_F(IdentifyCommandTest, NamesAreTakenByteForByte) {
         const std::string path = (scene.in / name).string();
         EXPECT_EQ(Program::run({"identify", path}).out, "✗ " + path + ": There is no such file.\n");
     }
-    const Ending odd = Program::run({"identify", "--", "[a,b]", "", "{}", "--json"});
+    const Ending odd = Program::run({"identify", "[a,b]", "", "{}", "--", "--json"});
     EXPECT_EQ(odd.out,
               "✗ [a,b]: There is no such file.\n"
               "✗ : There is no such file.\n"
@@ -82,6 +82,40 @@ TEST_F(IdentifyCommandTest, NothingIsWrittenBesideTheFiles) {
     const fs::path photo = scene.addPhoto("a.jpg");
     Program::run({"identify", photo.string()});
     EXPECT_EQ(SortScene::filesIn(scene.in), std::set<std::string>{"a.jpg"});
+}
+
+TEST_F(IdentifyCommandTest, AnExplanationTellsWhatPicturePlaceAndMonthContribute) {
+    const std::string photo = scene.addPhoto("a.jpg").string();
+    const Ending ending = Program::run({"identify", "--explain", "--at", "56,10", photo});
+    EXPECT_EQ(ending.code, 0);
+    const std::string candidate =
+        " +[0-9]+%  [A-Z].* \\([A-Z][a-z]+ [a-z ]+\\): "
+        "classifier [0-9]+%, range × (1|0.15), season × (1|0.35)";
+    EXPECT_THAT(linesOf(ending.out), ElementsAre(photo, MatchesRegex(candidate),
+                                                 MatchesRegex(candidate), MatchesRegex(candidate)));
+}
+
+TEST_F(IdentifyCommandTest, AnExplanationEndsInTheSameConfidencesAsThePlainAnswer) {
+    const std::string photo = scene.addPhoto("a.jpg").string();
+    const auto candidates = [&](const Arguments& more) {
+        Arguments words{"identify", "--json", "--at", "56,10", photo};
+        words.insert(words.end(), more.begin(), more.end());
+        return nlohmann::json::parse(Program::run(words).out).at("candidates");
+    };
+    const auto plain = candidates({});
+    const auto explained = candidates({"--explain"});
+    ASSERT_EQ(explained.size(), plain.size());
+    for (std::size_t i = 0; i < plain.size(); ++i) {
+        EXPECT_EQ(explained[i].at("label"), plain[i].at("label"));
+        EXPECT_EQ(explained[i].at("confidence"), plain[i].at("confidence"));
+    }
+    const auto ratio = [&](std::size_t i) {
+        return explained[i].at("classifierShare").get<double>() *
+               explained[i].at("rangeFactor").get<double>() *
+               explained[i].at("seasonFactor").get<double>() /
+               explained[i].at("confidence").get<double>();
+    };
+    EXPECT_NEAR(ratio(0), ratio(1), 1e-9);
 }
 
 }  // namespace ornivo::cli

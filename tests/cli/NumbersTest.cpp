@@ -20,6 +20,12 @@ TEST(Numbers, PercentagesRoundHalvesUp) {
     EXPECT_EQ(percentage(1), "100%");
 }
 
+TEST(Numbers, OnlyOneIsSingular) {
+    EXPECT_EQ(counted(0, "file", "files"), "0 files");
+    EXPECT_EQ(counted(1, "file", "files"), "1 file");
+    EXPECT_EQ(counted(2, "file", "files"), "2 files");
+}
+
 TEST(Numbers, OnlyAWholeDecimalIsRead) {
     EXPECT_EQ(parseDecimal("51.5"), 51.5);
     EXPECT_EQ(parseDecimal("-0.12"), -0.12);

@@ -1,6 +1,7 @@
 #include "cli/Screen.h"
 
-#include <regex>
+#include <algorithm>
+#include <string_view>
 
 #include "platform/Text.h"
 
@@ -8,52 +9,87 @@ namespace ornivo::testing {
 
 namespace {
 
-std::string withoutColours(const std::string& text) {
-    return std::regex_replace(text, std::regex("\x1b\\[[0-9;]*m"), "");
+constexpr std::string_view escape = "\x1b[";
+constexpr std::string_view clearToEnd = "\x1b[K";
+
+std::string withoutColours(std::string text) {
+    for (auto at = text.find(escape); at != std::string::npos; at = text.find(escape, at)) {
+        const auto end = text.find_first_not_of("0123456789;", at + escape.size());
+        if (end != std::string::npos && text[end] == 'm') {
+            text.erase(at, end + 1 - at);
+        } else {
+            at += escape.size();
+        }
+    }
+    return text;
 }
+
+/// The first of the text's characters; looks no further than it has to.
+std::string_view firstCharacter(std::string_view text) {
+    constexpr std::size_t longest = 64;
+    return characters(text.substr(0, longest)).front();
+}
+
+/// One line of a terminal, with the place where the next character goes.
+class Line {
+public:
+    void put(std::string_view character) {
+        cells_.resize(std::max(cells_.size(), column_ + 1), " ");
+        cells_[column_++] = character;
+    }
+
+    void returnToStart() { column_ = 0; }
+    void clear() { cells_.resize(std::min(column_, cells_.size())); }
+
+    std::string text() const {
+        std::string text;
+        for (const auto& cell : cells_) text += cell;
+        return text;
+    }
+
+private:
+    std::vector<std::string> cells_;
+    std::size_t column_ = 0;
+};
 
 }  // namespace
 
 std::vector<std::string> screenOf(const std::string& sent) {
-    const std::string clearToEnd = "\x1b[K";
-    std::vector<std::vector<std::string>> lines(1);
-    std::size_t column = 0;
-    std::string text = withoutColours(sent);
-    // Line ends come as a return and a line feed, which read as one character.
-    for (std::size_t at = 0; at < text.size();) {
-        if (text.compare(at, clearToEnd.size(), clearToEnd) == 0) {
-            lines.back().resize(std::min(column, lines.back().size()));
-            at += clearToEnd.size();
+    std::vector<Line> lines(1);
+    const std::string plain = withoutColours(sent);
+    for (std::string_view text = plain; !text.empty();) {
+        if (text.starts_with(clearToEnd)) {
+            lines.back().clear();
+            text.remove_prefix(clearToEnd.size());
             continue;
         }
-        const std::string character(characters(std::string_view(text).substr(at)).front());
-        at += character.size();
+        // A return and a line feed, as a terminal gets them at a line's end, are one character.
+        const std::string_view character = firstCharacter(text);
+        text.remove_prefix(character.size());
         if (character == "\r") {
-            column = 0;
-        } else if (character == "\r\n" || character == "\n") {
+            lines.back().returnToStart();
+        } else if (character.ends_with('\n')) {
             lines.emplace_back();
-            column = 0;
         } else {
-            lines.back().resize(std::max(lines.back().size(), column + 1), " ");
-            lines.back()[column++] = character;
+            lines.back().put(character);
         }
     }
     std::vector<std::string> shown;
-    for (const auto& line : lines) {
-        shown.emplace_back();
-        for (const auto& character : line) shown.back() += character;
-    }
+    for (const auto& line : lines) shown.push_back(line.text());
     while (!shown.empty() && shown.back().empty()) shown.pop_back();
     return shown;
 }
 
 std::vector<std::string> drawingsIn(const std::string& sent) {
-    const std::regex drawing("\r([^\r\n]*)\x1b\\[K");
-    const std::string text = withoutColours(sent);
     std::vector<std::string> found;
-    for (auto match = std::sregex_iterator(text.begin(), text.end(), drawing);
-         match != std::sregex_iterator(); ++match) {
-        if (!(*match)[1].str().empty()) found.push_back((*match)[1].str());
+    const std::string text = withoutColours(sent);
+    for (auto start = text.find('\r'); start != std::string::npos;
+         start = text.find('\r', start + 1)) {
+        const auto end = text.find_first_of("\r\n\x1b", start + 1);
+        if (end == std::string::npos || text.compare(end, clearToEnd.size(), clearToEnd) != 0) {
+            continue;
+        }
+        if (end > start + 1) found.push_back(text.substr(start + 1, end - start - 1));
     }
     return found;
 }

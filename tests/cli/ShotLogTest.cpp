@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "identification/BirdClassifierLabels.h"
-
 namespace ornivo::cli {
 
 namespace {
@@ -64,15 +62,6 @@ TEST(ShotLog, AShotThatFoundNoRoomIsNotToldAsFiled) {
     EXPECT_EQ(shotsOf({turnTo("a.jpg"), Prediction{hoopoe, std::nullopt}, SortEngine::DiskFull{0},
                        SortEngine::SortFinished{}}),
               std::vector<Shot>{});
-}
-
-TEST(ShotLog, AShotIsOneLineOfWords) {
-    const std::string name = BirdClassifierLabels::displayName("Upupa_epops");
-    EXPECT_EQ(shotLine({"a.jpg", hoopoe, true, std::nullopt}),
-              "a.jpg: " + name + " 93% → " + name + "/");
-    EXPECT_EQ(shotLine({"a.jpg", hoopoe, false, std::nullopt}),
-              "a.jpg: " + name + " 93% → _Uncertain/");
-    EXPECT_EQ(shotLine({"a.jpg", hoopoe, true, "no right"}), "✗ a.jpg: no right");
 }
 
 }  // namespace ornivo::cli

@@ -127,4 +127,15 @@ TEST(SortArguments, TooFewAndTooManyFoldersAreNoCommand) {
     EXPECT_THROW(requestOf({"in", "out", "--unknown"}), CLI::ParseError);
 }
 
+TEST(SortArguments, ARegionIsAssumedByIdOrTypedPlaceAndTold) {
+    const SortRequest request = requestOf({"in", "out", "--region", "Kerala"});
+    EXPECT_TRUE(request.options.assumedLocation);
+    EXPECT_EQ(request.placeNote.substr(0, 9), "Kerala \xE2\x86");
+}
+
+TEST(SortArguments, APositionAndARegionAreOneTooMany) {
+    EXPECT_EQ(refusalOf({"in", "out", "--at", "1,2", "--region", "Kerala"}),
+              "--at and --region say the same thing in two ways: give one.");
+}
+
 }  // namespace ornivo::cli

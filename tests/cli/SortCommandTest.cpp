@@ -111,8 +111,7 @@ TEST_F(SortCommandTest, FilesThatLieInTheDestinationAlreadyAreLeftOut) {
     const fs::path destination = scene.in / "sorted";
     const Ending ending = Program::run({"sort", scene.in.string(), destination.string()});
     EXPECT_EQ(ending.code, 0);
-    EXPECT_EQ(ending.err,
-              "1 photographs or clips that lie in the destination already are left out.\n");
+    EXPECT_EQ(ending.err, "1 file that lies in the destination already is left out.\n");
     EXPECT_TRUE(fs::exists(destination / "_Uncertain/IMG_0001.jpg"));
     EXPECT_TRUE(fs::exists(destination / "_Uncertain/other.jpg"));
     EXPECT_FALSE(fs::exists(destination / "_Uncertain/old.jpg"));

@@ -6,11 +6,13 @@
 #include <string>
 
 #include "cli/UsageError.h"
+#include "support/SmallDisk.h"
 #include "support/TempFolder.h"
 
 namespace ornivo::cli {
 
 namespace fs = std::filesystem;
+using ornivo::testing::SmallDisk;
 using ornivo::testing::TempFolder;
 using ornivo::testing::writeFile;
 
@@ -86,6 +88,13 @@ TEST_F(SortFoldersTest, FoldersThatMayNotBeReadOrWrittenAreRefused) {
     EXPECT_EQ(refusalOf(source, destination / "new"),
               "Nothing can be written in " + quoted(destination) + ": Permission denied.");
     fs::permissions(destination, fs::perms::owner_all);
+}
+
+TEST_F(SortFoldersTest, ADestinationOnAReadOnlyDiskIsRefused) {
+    const auto disk = SmallDisk::mount(65536);
+    if (!disk || !disk->makeReadOnly()) GTEST_SKIP() << "nothing can be mounted here";
+    EXPECT_EQ(refusalOf(source, *disk / "new"),
+              "Nothing can be written in " + quoted(disk->path()) + ": Read-only file system.");
 }
 
 TEST_F(SortFoldersTest, ADestinationThatIsAFileOrLiesBelowOneIsRefused) {

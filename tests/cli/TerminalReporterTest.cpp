@@ -127,7 +127,7 @@ TEST_F(TerminalReporterTest, OriginalsAreTrashedOnlyAfterAYes) {
         int code;
         bool isTrashed;
     };
-    const std::string question = "Move 1 originals to the Trash, each once its copy is written?";
+    const std::string question = "Move 1 original to the Trash, each once its copy is written?";
     for (const Row row :
          {Row{"\n", 3, false}, Row{"n\n", 3, false}, Row{ctrlD, 3, false}, Row{"y\n", 0, true}}) {
         scene.addPhoto("asked-on-terminal.jpg");

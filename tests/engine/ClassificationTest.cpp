@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <stdexcept>
+#include <thread>
 
 #include "platform/Error.h"
 #include "support/RunScene.h"
@@ -241,6 +243,8 @@ TEST_F(ClassificationContext, ADayTextOfSixCharactersGivesTheOneDigitAtItsEnd) {
 
 TEST(Classification, TheIdentifierHasOneCallerAtATime) {
     RunScene scene(std::make_shared<ScriptedIdentifier>(), {}, /*workers=*/4);
+    scene.identifier().onCall(
+        [](int) { std::this_thread::sleep_for(std::chrono::milliseconds(1)); });
     for (int i = 0; i < 40; ++i) scene.picture("IMG_" + std::to_string(i) + ".jpg", robin, 0.9);
     EXPECT_EQ(scene.run().sort().sorted, 40);
     EXPECT_EQ(scene.identifier().calls().size(), 40U);

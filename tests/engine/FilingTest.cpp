@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <memory>
-#include <stdexcept>
 
 #include "support/PrivateTrash.h"
 #include "support/RunScene.h"
@@ -28,11 +27,6 @@ protected:
     /// A file that is in the destination already.
     void alreadyThere(const std::string& path, const std::string& contents = "earlier") {
         writeFile(scene_.input.destination / path, contents);
-    }
-
-    bool moveOut(const std::string& file, const std::string& folder = baldEagle.name) {
-        return scene_.engine().moveOutOfUncertain(scene_.input.destination / file,
-                                                  scene_.input.destination, folder);
     }
 
     RunScene scene_;
@@ -292,8 +286,6 @@ TEST_F(Filing, NamesThatAreNotUTF8ArriveAsTheyAreAndReadWellInWarnings) {
     EXPECT_EQ(scene_.filed(), Names{"Bald Eagle/caf\xe9.jpg"});
 }
 
-// Collisions.
-
 TEST_F(Filing, ACollisionIsResolvedByTheFirstFreeNumber) {
     const fs::path wanted = scene_.input.destination / "IMG_1.jpg";
     auto& engine = scene_.engine();
@@ -302,135 +294,6 @@ TEST_F(Filing, ACollisionIsResolvedByTheFirstFreeNumber) {
     EXPECT_EQ(engine.resolveCollision(wanted), scene_.input.destination / "IMG_1_1.jpg");
     alreadyThere("IMG_1_1.jpg");
     EXPECT_EQ(engine.resolveCollision(wanted), scene_.input.destination / "IMG_1_2.jpg");
-}
-
-// A frame's number.
-
-TEST(SequenceNumber, IsReadFromTheDigitsAtTheEndOfTheName) {
-    EXPECT_EQ(SortEngine::sequenceNumber("IMG_4711.CR2", -1), 4711);
-    EXPECT_EQ(SortEngine::sequenceNumber("DSC012.jpg", -1), 12);
-    EXPECT_EQ(SortEngine::sequenceNumber("a1b7.jpg", -1), 7);
-    EXPECT_EQ(SortEngine::sequenceNumber("0815.jpg", -1), 815);
-    EXPECT_EQ(SortEngine::sequenceNumber("IMG_1.5.jpg", -1), 5);
-    EXPECT_EQ(SortEngine::sequenceNumber("IMG_7", -1), 7);
-    EXPECT_EQ(SortEngine::sequenceNumber("x9223372036854775807.jpg", -1), 9223372036854775807);
-}
-
-TEST(SequenceNumber, IsTheFallbackWhereThereIsNoneThatCanBeRead) {
-    EXPECT_EQ(SortEngine::sequenceNumber("sunset.jpg", 42), 42);
-    EXPECT_EQ(SortEngine::sequenceNumber("IMG_7a.jpg", 42), 42);
-    EXPECT_EQ(SortEngine::sequenceNumber("", 42), 42);
-    EXPECT_EQ(SortEngine::sequenceNumber("x123456789012345678901234567890.jpg", 42), 42);
-    EXPECT_EQ(SortEngine::sequenceNumber("x9223372036854775808.jpg", 42), 42);
-    EXPECT_EQ(SortEngine::sequenceNumber("IMG_٤٢.jpg", 42), 42);
-    EXPECT_EQ(SortEngine::sequenceNumber("IMG_½.jpg", 42), 42);
-}
-
-TEST(SequenceNumber, OtherDigitsBelongToTheRunAndSpoilIt) {
-    EXPECT_EQ(SortEngine::sequenceNumber("IMG_٤7.jpg", 42), 42);
-}
-
-// Lack of space.
-
-/// An error with this many others in front of it.
-Error behind(int levels, const Error& error) {
-    Error outer = error;
-    for (int i = 0; i < levels; ++i) {
-        outer = Error("Wrapper", i, "wrapped", std::make_shared<const Error>(outer));
-    }
-    return outer;
-}
-
-TEST(OutOfSpace, IsToldByTheTwoCodesInTheirDomains) {
-    EXPECT_TRUE(SortEngine::isOutOfSpace(Error(Error::cocoaDomain, 640, "full")));
-    EXPECT_TRUE(SortEngine::isOutOfSpace(Error(Error::posixDomain, 28, "full")));
-    EXPECT_TRUE(SortEngine::isOutOfSpace(noSpaceLeft()));
-    EXPECT_FALSE(SortEngine::isOutOfSpace(Error(Error::cocoaDomain, 28, "other")));
-    EXPECT_FALSE(SortEngine::isOutOfSpace(Error(Error::posixDomain, 640, "other")));
-    EXPECT_FALSE(SortEngine::isOutOfSpace(Error(Error::posixDomain, 5, "other")));
-    EXPECT_FALSE(SortEngine::isOutOfSpace(Error("Other", 28, "other")));
-    EXPECT_FALSE(SortEngine::isOutOfSpace(std::runtime_error("other")));
-}
-
-TEST(OutOfSpace, IsFoundBehindOtherErrorsDownToTheEighthLevel) {
-    for (int levels = 0; levels <= 7; ++levels) {
-        EXPECT_TRUE(SortEngine::isOutOfSpace(behind(levels, noSpaceLeft()))) << levels;
-    }
-    EXPECT_FALSE(SortEngine::isOutOfSpace(behind(8, noSpaceLeft())));
-    EXPECT_FALSE(SortEngine::isOutOfSpace(behind(9, noSpaceLeft())));
-    EXPECT_FALSE(SortEngine::isOutOfSpace(behind(2, notPermitted())));
-}
-
-// Out of `_Uncertain`.
-
-TEST_F(Filing, AFrameLeavesUncertainWithItsShotAndAllCompanions) {
-    for (const char* name : {"a.jpg", "a.cr2", "a.jpg.xmp", "a.cr2.xmp", "b.jpg"}) {
-        alreadyThere(std::string("_Uncertain/") + name, name);
-    }
-    EXPECT_TRUE(moveOut("_Uncertain/a.jpg"));
-    EXPECT_EQ(scene_.filed(), (Names{"Bald Eagle/a.jpg", "Bald Eagle/a.cr2", "Bald Eagle/a.jpg.xmp",
-                                     "Bald Eagle/a.cr2.xmp", "_Uncertain/b.jpg"}));
-    EXPECT_EQ(scene_.contents("Bald Eagle/a.cr2.xmp"), "a.cr2.xmp");
-}
-
-TEST_F(Filing, AFrameThatLeavesUncertainOverwritesNothingAndGetsNoDayFolder) {
-    alreadyThere("Bald Eagle/a.jpg");
-    alreadyThere("_Uncertain/2024-05-17/a.jpg", "the frame");
-    alreadyThere("_Uncertain/2024-05-17/a.xmp", "its edits");
-    EXPECT_TRUE(moveOut("_Uncertain/2024-05-17/a.jpg"));
-    EXPECT_EQ(scene_.filed(),
-              (Names{"Bald Eagle/a.jpg", "Bald Eagle/a_1.jpg", "Bald Eagle/a_1.xmp"}));
-    EXPECT_EQ(scene_.contents("Bald Eagle/a.jpg"), "earlier");
-    EXPECT_EQ(scene_.contents("Bald Eagle/a_1.jpg"), "the frame");
-}
-
-TEST_F(Filing, AFrameThatTheUserRemovedAnswersFalseAndRaisesNothing) {
-    EXPECT_FALSE(moveOut("_Uncertain/a.jpg"));
-    EXPECT_EQ(scene_.filed(), Names());
-    EXPECT_FALSE(fs::exists(scene_.input.destination / "Bald Eagle"));
-}
-
-TEST_F(Filing, AMoveThatFailsIsRaisedAndNothingElseHasMoved) {
-    alreadyThere("_Uncertain/a.jpg");
-    alreadyThere("_Uncertain/a.cr2");
-    alreadyThere("_Uncertain/a.jpg.xmp");
-    scene_.files().fail(Operation::move, nth(1), notPermitted());
-    EXPECT_THROW(moveOut("_Uncertain/a.jpg"), Error);
-    EXPECT_EQ(scene_.filed(),
-              (Names{"_Uncertain/a.jpg", "_Uncertain/a.cr2", "_Uncertain/a.jpg.xmp"}));
-}
-
-TEST_F(Filing, WhatDoesNotFollowAFrameOutOfUncertainStaysThereSilently) {
-    alreadyThere("_Uncertain/a.jpg");
-    alreadyThere("_Uncertain/a.cr2");
-    alreadyThere("_Uncertain/a.cr2.xmp");
-    alreadyThere("_Uncertain/a.jpg.xmp");
-    alreadyThere("_Uncertain/a.jpg.pp3");
-    scene_.files().fail(Operation::move, named("a.cr2"), notPermitted());
-    scene_.files().fail(Operation::move, named("a.jpg.pp3"), notPermitted());
-    EXPECT_TRUE(moveOut("_Uncertain/a.jpg"));
-    EXPECT_EQ(scene_.filed(), (Names{"Bald Eagle/a.jpg", "Bald Eagle/a.jpg.xmp", "_Uncertain/a.cr2",
-                                     "_Uncertain/a.cr2.xmp", "_Uncertain/a.jpg.pp3"}));
-}
-
-TEST_F(Filing, AFolderThatCanNotBeListedHoldsNoSiblings) {
-    alreadyThere("_Uncertain/a.jpg");
-    alreadyThere("_Uncertain/a.cr2");
-    scene_.files().fail(Operation::namesIn, from(1), notPermitted());
-    EXPECT_TRUE(moveOut("_Uncertain/a.jpg"));
-    EXPECT_EQ(scene_.filed(), (Names{"Bald Eagle/a.jpg", "_Uncertain/a.cr2"}));
-}
-
-TEST_F(Filing, WhatWasJustPlacedInUncertainIsSeenWhenItLeaves) {
-    const std::string uncertain = SortEngine::uncertainFolderName;
-    source("a.jpg.xmp");
-    source("b.jpg.xmp");
-    place(source("a.jpg"), {}, uncertain);
-    EXPECT_TRUE(moveOut("_Uncertain/a.jpg"));
-    place(source("b.jpg"), {}, uncertain);
-    EXPECT_TRUE(moveOut("_Uncertain/b.jpg"));
-    EXPECT_EQ(scene_.filed(), (Names{"Bald Eagle/a.jpg", "Bald Eagle/a.jpg.xmp", "Bald Eagle/b.jpg",
-                                     "Bald Eagle/b.jpg.xmp"}));
 }
 
 }  // namespace

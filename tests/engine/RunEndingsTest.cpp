@@ -319,6 +319,13 @@ TEST_F(FullDisk, AResumeInANewProcessHasTheRowsOfItsPartAndTheListKeepsAll) {
               "a.jpg,European Robin,0.2000,,,,\nb.jpg,European Robin,0.2000,,,,\n");
 }
 
+TEST_F(FullDisk, ARecordThatCanNotBeRemovedChangesNothingOfTheEnding) {
+    writeFile(scene_.input.destination / "_Paused/resume.json", "{}");
+    scene_.files().fail(Operation::remove, nth(1), notPermitted());
+    EXPECT_EQ(scene_.run().lines().back(), "finished completed, last -1");
+    EXPECT_EQ(scene_.contents("_Paused/resume.json"), "{}");
+}
+
 TEST_F(FullDisk, AFinishedFindRunTakesTheRecordAwayToo) {
     writeFile(scene_.input.destination / "_Paused/resume.json", "{}");
     scene_.input.mode = AppMode::find;

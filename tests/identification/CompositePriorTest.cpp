@@ -5,7 +5,6 @@
 #include "identification/NoSpeciesPrior.h"
 #include "identification/RangeListPrior.h"
 #include "identification/SeasonPrior.h"
-#include "identification/SeasonTable.h"
 #include "support/Candidates.h"
 
 namespace ornivo {
@@ -82,15 +81,6 @@ TEST(NoSpeciesPrior, LeavesEveryListAsItIs) {
     EXPECT_EQ(prior.adjusted(unsorted, std::optional(place(45, 10))), unsorted);
     EXPECT_FALSE(prior.usesLocation());
     EXPECT_FALSE(prior.usesDate());
-}
-
-TEST(SeasonTable, WithoutTablesTheCombinedPriorKnowsNothing) {
-    for (const auto& region : {std::optional<std::string>(), std::optional<std::string>("eu")}) {
-        const auto prior = SeasonTable::bundledCombinedPrior(region);
-        EXPECT_FALSE(prior->usesLocation());
-        EXPECT_FALSE(prior->usesDate());
-        EXPECT_EQ(prior->adjusted(three(), mayInTheBox), three());
-    }
 }
 
 }  // namespace

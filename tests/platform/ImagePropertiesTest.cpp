@@ -150,6 +150,12 @@ TEST(ImageProperties, APositionWithoutDegreesIsLeftOut) {
     EXPECT_EQ(gps, (json{{property::gpsLatitudeRef, "N"}}));
 }
 
+TEST(ImageProperties, AGroupWithNothingUsableIsNotThere) {
+    const json properties = propertiesOf(TiffDirectory().directory(
+        tag::gpsDirectory, TiffDirectory().rationals(tag::gpsLatitude, {{0, 0}})));
+    EXPECT_FALSE(properties.contains(property::gpsGroup));
+}
+
 TEST(ImageProperties, ANegativePositionIsLeftOut) {
     const json gps = gpsOf(TiffDirectory()
                                .ascii(tag::gpsLatitudeRef, "N")

@@ -133,6 +133,22 @@ TEST(StillDecoder, TransparencyIsLaidOnBlack) {
     expectMiddle(decodeStill(file, 32), {100, 50, 25}, 1);
 }
 
+TEST(StillDecoder, ATransparentPrintIsLaidOnBlackToo) {
+    const TempFolder folder;
+    constexpr std::uint32_t side = 16;
+    const auto tiff = TiffDirectory()
+                          .longs(256, {side})
+                          .longs(257, {side})
+                          .shorts(258, {8, 8, 8, 8, 8})
+                          .shorts(259, {1})
+                          .shorts(262, {5})
+                          .shorts(277, {5})
+                          .longs(278, {side})
+                          .shorts(338, {2})
+                          .strip(std::string(std::size_t{side} * side * 5, '\0'));
+    expectMiddle(decodeStill(writeFile(folder / "a.tif", tiff.file()), 640), {0, 0, 0}, 0);
+}
+
 TEST(StillDecoder, WithoutALimitTheImageComesAtItsFullSize) {
     const TempFolder folder;
     const auto file = writeJpeg(folder / "a.jpg", 1500, 1000);
@@ -222,15 +238,37 @@ TEST(StillDecoder, FormatsOfNoCameraAreAbsent) {
     }
 }
 
-TEST(StillDecoder, AHeaderThatPromisesMoreThanAnyCameraMakesIsAbsent) {
+/// A grey TIFF of 30000 pixels across, whose rows are all the same part of the file itself.
+std::string boundlessTiff(std::uint32_t height) {
+    constexpr std::uint32_t width = 30000;
+    return TiffDirectory()
+        .longs(256, {width})
+        .longs(257, {height})
+        .shorts(258, {8})
+        .shorts(259, {1})
+        .shorts(262, {1})
+        .longs(273, std::vector<std::uint32_t>(height, 8))
+        .shorts(277, {1})
+        .longs(278, {1})
+        .longs(279, std::vector<std::uint32_t>(height, width))
+        .file();
+}
+
+TEST(StillDecoder, APictureLargerThanAnyCameraMakesIsAbsent) {
     const TempFolder folder;
-    const auto file = writePng(folder / "a.png", filled(4, 4));
-    std::string bytes = readFile(file);
-    // The sides in the header of a PNG stand behind its signature and the chunk's own header; the
-    // checksum that follows them no longer fits, which is not what is looked at first.
-    constexpr std::size_t widthAt = 16;
-    bytes.replace(widthAt, 8, std::string("\0\0\xFF\xFF\0\0\xFF\xFF", 8));
-    EXPECT_FALSE(decodeStill(writeFile(folder / "b.png", bytes), 640));
+    EXPECT_EQ(sizeOf(decodeStill(writeFile(folder / "a.tif", boundlessTiff(5000)), 640)),
+              (PixelSize{640, 107}));
+    EXPECT_FALSE(decodeStill(writeFile(folder / "b.tif", boundlessTiff(17000)), 640));
+}
+
+TEST(StillDecoder, AnOrientationIsNotApplied) {
+    const TempFolder folder;
+    for (const std::uint16_t orientation : std::array<std::uint16_t, 3>{2, 3, 6}) {
+        const Bitmap picture = quarters(120, 80);
+        expectQuarters(decodeStill(writeTiffInPlanes(folder / "a.tif", picture, orientation), 60));
+        const JpegOptions turned{.exif = {.orientation = orientation}};
+        expectQuarters(decodeStill(writeJpeg(folder / "a.jpg", picture, turned), 60));
+    }
 }
 
 TEST(StillDecoder, SeveralThreadsGetWhatOneGets) {

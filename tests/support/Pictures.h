@@ -71,7 +71,8 @@ std::filesystem::path writeTiff(const std::filesystem::path& path, const Bitmap&
 std::filesystem::path writeWebp(const std::filesystem::path& path, const Bitmap& bitmap);
 
 /// A TIFF that keeps red, green and blue in tiles of their own.
-std::filesystem::path writeTiffInPlanes(const std::filesystem::path& path, const Bitmap& bitmap);
+std::filesystem::path writeTiffInPlanes(const std::filesystem::path& path, const Bitmap& bitmap,
+                                        std::uint16_t orientation = 1);
 
 std::filesystem::path writeHeic(const std::filesystem::path& path, const Bitmap& bitmap);
 

@@ -44,8 +44,8 @@ fs::path RunScene::raw(const std::string& name, const Bird& bird, double confide
     return add(path);
 }
 
-fs::path RunScene::junk(const std::string& name, const std::string& contents) {
-    return add(writeFile(source() / name, contents));
+fs::path RunScene::junk(const std::string& name) {
+    return add(writeFile(source() / name, "junk"));
 }
 
 fs::path RunScene::sidecar(const std::string& name, const std::string& contents) {

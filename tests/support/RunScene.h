@@ -45,8 +45,8 @@ public:
     std::filesystem::path failingPicture(const std::string& name, std::exception_ptr failure);
     /// A RAW file for which this is the guess.
     std::filesystem::path raw(const std::string& name, const Bird& bird, double confidence);
-    /// A file with that name and contents, which is no picture.
-    std::filesystem::path junk(const std::string& name, const std::string& contents = "junk");
+    /// A file with that name which is no picture.
+    std::filesystem::path junk(const std::string& name);
     /// A file in the source that is not part of the list.
     std::filesystem::path sidecar(const std::string& name, const std::string& contents = "edits");
 
@@ -58,8 +58,7 @@ public:
     /// The engine goes, for good.
     void closeEngine() { engine_.reset(); }
 
-    /// The files in the destination and below it, by their paths from there, with their contents
-    /// compared to nothing.
+    /// The files in the destination and below it, by their paths from there.
     std::set<std::string> filed() const;
     /// The contents of a file in the destination.
     std::string contents(const std::string& path) const;
