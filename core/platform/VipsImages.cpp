@@ -86,7 +86,7 @@ std::optional<Bitmap> rendered(const VipsImageHandle& image) {
     pixels.reserve(static_cast<std::size_t>(width) * static_cast<std::size_t>(height) *
                    Bitmap::channels);
     const Region region(vips_region_new(image.get()));
-    constexpr int stripHeight = 16;
+    constexpr int stripHeight = 64;
     for (int top = 0; top < height; top += stripHeight) {
         const VipsRect strip{0, top, width, std::min(stripHeight, height - top)};
         if (vips_region_prepare(region.get(), &strip) != 0) return std::nullopt;

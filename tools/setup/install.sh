@@ -14,8 +14,8 @@ packages=(
 )
 case "$purpose" in
 run) ;;
-test) packages+=(libgmock-dev libgtest-dev) ;;
-bench) packages+=(libgmock-dev libgtest-dev libbenchmark-dev) ;;
+test) packages+=(libgmock-dev libgtest-dev python3) ;;
+bench) packages+=(libbenchmark-dev libgmock-dev libgtest-dev python3) ;;
 *)
     echo "setup: There is no purpose named $purpose; run, test and bench are." >&2
     exit 2
