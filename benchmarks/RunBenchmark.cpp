@@ -5,6 +5,7 @@
 #include <chrono>
 #include <functional>
 #include <memory>
+#include <utility>
 
 #include "benchmarks/Photographs.h"
 #include "engine/SortEngine.h"
@@ -40,8 +41,11 @@ double secondsOfRun(const Photographs& photographs,
                     const std::shared_ptr<BirdIdentifying>& identifier, unsigned workers) {
     const testing::TempFolder destination;
     SortEngine engine(identifier, std::make_shared<JobController>(), Files::system(), workers);
+    SortEngine::RunInput input;
+    input.paths = photographs.files();
+    input.destination = destination.path();
     return secondsOf([&] {
-        auto events = engine.run({.paths = photographs.files(), .destination = destination.path()});
+        auto events = engine.run(std::move(input));
         while (events.next()) {
         }
     });

@@ -1,6 +1,8 @@
 #include "identification/CandidateWeights.h"
 
 #include <algorithm>
+#include <utility>
+#include <vector>
 
 #include "platform/Text.h"
 
@@ -22,10 +24,18 @@ void renormalise(SpeciesPrior::Candidates& candidates, double sum) {
 }
 
 void sortLikeliestFirst(SpeciesPrior::Candidates& candidates) {
-    std::ranges::stable_sort(candidates, [](const Candidate& a, const Candidate& b) {
-        if (a.confidence != b.confidence) return a.confidence > b.confidence;
-        return plainTextLess(a.label, b.label);
+    // Whole candidates are costly to move about, so they are moved once, when the order is known.
+    std::vector<Candidate*> order;
+    order.reserve(candidates.size());
+    for (Candidate& candidate : candidates) order.push_back(&candidate);
+    std::ranges::stable_sort(order, [](const Candidate* a, const Candidate* b) {
+        if (a->confidence != b->confidence) return a->confidence > b->confidence;
+        return plainTextLess(a->label, b->label);
     });
+    SpeciesPrior::Candidates sorted;
+    sorted.reserve(candidates.size());
+    for (Candidate* const candidate : order) sorted.push_back(std::move(*candidate));
+    candidates = std::move(sorted);
 }
 
 }  // namespace ornivo

@@ -87,7 +87,8 @@ RangeTable RangeTable::fromJson(std::string_view bytes) try {
     if (regions.empty()) throw LoadError::malformed("no regions");
     std::set<std::string> ids;
     for (WireRegion& region : regions) {
-        Labels labels(region.labels.begin(), region.labels.end());
+        Labels labels(std::make_move_iterator(region.labels.begin()),
+                      std::make_move_iterator(region.labels.end()));
         table.regions_.push_back(checked(std::move(region), ids));
         const std::string& id = table.regions_.back().id;
         ids.insert(id);
@@ -118,9 +119,9 @@ std::optional<RangeTable> RangeTable::bundled() {
 
 std::shared_ptr<const SpeciesPrior> RangeTable::bundledPrior(
     double offRangeWeight, const std::optional<std::string>& restrictedTo) {
-    const auto table = bundled();
+    auto table = bundled();
     if (!table) return std::make_shared<NoSpeciesPrior>();
-    return table->prior(offRangeWeight, restrictedTo);
+    return std::move(*table).prior(offRangeWeight, restrictedTo);
 }
 
 std::optional<RangeTable::RegionInfo> RangeTable::region(const std::string& id) const {
@@ -145,11 +146,17 @@ std::vector<std::string> RangeTable::labelsUnknownToModel() const {
 }
 
 std::shared_ptr<const RangeListPrior> RangeTable::prior(
-    double offRangeWeight, const std::optional<std::string>& restrictedTo) const {
+    double offRangeWeight, const std::optional<std::string>& restrictedTo) const& {
+    return RangeTable(*this).prior(offRangeWeight, restrictedTo);
+}
+
+std::shared_ptr<const RangeListPrior> RangeTable::prior(
+    double offRangeWeight, const std::optional<std::string>& restrictedTo) && {
     std::vector<RangeListPrior::Region> boxes;
     for (const RegionInfo& info : regions_) {
         if (restrictedTo && info.id != *restrictedTo) continue;
-        boxes.push_back({info.name, info.latitudes, info.longitudes, labels(info.id)});
+        boxes.push_back(
+            {info.name, info.latitudes, info.longitudes, std::move(labelsByRegion_[info.id])});
     }
     return std::make_shared<RangeListPrior>(std::move(boxes), offRangeWeight);
 }

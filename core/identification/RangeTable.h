@@ -82,7 +82,11 @@ public:
     /// The prior over all regions, or over the one with the given id alone: an unknown id gives a
     /// prior that changes nothing.
     std::shared_ptr<const RangeListPrior> prior(
-        double offRangeWeight, const std::optional<std::string>& restrictedTo = std::nullopt) const;
+        double offRangeWeight,
+        const std::optional<std::string>& restrictedTo = std::nullopt) const&;
+    /// The same, where the table is not needed any longer: its labels are not copied.
+    std::shared_ptr<const RangeListPrior> prior(
+        double offRangeWeight, const std::optional<std::string>& restrictedTo = std::nullopt) &&;
 
 private:
     RangeTable() = default;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <utility>
+#include <vector>
 
 #include "identification/CandidateWeights.h"
 
@@ -28,15 +29,20 @@ SpeciesPrior::Candidates SeasonPrior::adjusted(Candidates candidates,
     const Labels* const present = presentFor(context);
     if (!present) return candidates;
 
-    Candidates weighted = candidates;
-    const double sum = weighDown(weighted, offSeasonWeight_, [&](const std::string& label) {
+    std::vector<double> before;
+    before.reserve(candidates.size());
+    for (const auto& candidate : candidates) before.push_back(candidate.confidence);
+    const double sum = weighDown(candidates, offSeasonWeight_, [&](const std::string& label) {
         return present->contains(label);
     });
     // Unlike a place, a season that leaves nothing over is no reason to touch the list.
-    if (!(sum > 0)) return candidates;
-    renormalise(weighted, sum);
-    sortLikeliestFirst(weighted);
-    return weighted;
+    if (!(sum > 0)) {
+        for (std::size_t i = 0; i < before.size(); ++i) candidates[i].confidence = before[i];
+        return candidates;
+    }
+    renormalise(candidates, sum);
+    sortLikeliestFirst(candidates);
+    return candidates;
 }
 
 }  // namespace ornivo

@@ -65,11 +65,11 @@ std::optional<SeasonTable> SeasonTable::bundled() {
 }
 
 std::shared_ptr<const SpeciesPrior> SeasonTable::combinedPrior(
-    const std::optional<RangeTable>& ranges, const std::optional<SeasonTable>& seasons,
+    std::optional<RangeTable> ranges, std::optional<SeasonTable> seasons,
     const std::optional<std::string>& restrictedTo) {
     std::vector<std::shared_ptr<const SpeciesPrior>> priors;
-    if (ranges) priors.push_back(ranges->prior(offRangeWeight, restrictedTo));
-    if (seasons) priors.push_back(seasons->prior(offSeasonWeight));
+    if (ranges) priors.push_back(std::move(*ranges).prior(offRangeWeight, restrictedTo));
+    if (seasons) priors.push_back(std::move(*seasons).prior(offSeasonWeight));
 
     if (priors.empty()) return std::make_shared<NoSpeciesPrior>();
     if (priors.size() == 1) return priors.front();
@@ -87,8 +87,12 @@ const SeasonTable::Labels& SeasonTable::labels(int month) const {
     return found != labelsByMonth_.end() ? found->second : none;
 }
 
-std::shared_ptr<const SeasonPrior> SeasonTable::prior(double weight) const {
-    return std::make_shared<SeasonPrior>(labelsByMonth_, weight);
+std::shared_ptr<const SeasonPrior> SeasonTable::prior(double weight) const& {
+    return SeasonTable(*this).prior(weight);
+}
+
+std::shared_ptr<const SeasonPrior> SeasonTable::prior(double weight) && {
+    return std::make_shared<SeasonPrior>(std::move(labelsByMonth_), weight);
 }
 
 }  // namespace ornivo

@@ -32,7 +32,7 @@ public:
     /// The prior of range and season together, as far as the tables are there. With a region's id,
     /// only that region counts for the range.
     static std::shared_ptr<const SpeciesPrior> combinedPrior(
-        const std::optional<RangeTable>& ranges, const std::optional<SeasonTable>& seasons,
+        std::optional<RangeTable> ranges, std::optional<SeasonTable> seasons,
         const std::optional<std::string>& restrictedTo);
 
     /// The prior the whole program runs on: that of the bundled tables.
@@ -46,7 +46,9 @@ public:
     /// None for a number that is no month.
     const Labels& labels(int month) const;
 
-    std::shared_ptr<const SeasonPrior> prior(double weight) const;
+    std::shared_ptr<const SeasonPrior> prior(double weight) const&;
+    /// The same, where the table is not needed any longer: its labels are not copied.
+    std::shared_ptr<const SeasonPrior> prior(double weight) &&;
 
 private:
     SeasonTable() = default;

@@ -26,8 +26,8 @@ int tileEdge(int width, int height) {
 }
 
 /// Where a tile begins so that it stands in the middle of its cell without sticking out.
-int tileStart(int side, int cell, int edge) {
-    const std::int64_t middle = std::int64_t{side} * (2 * cell + 1) / (2 * gridSide);
+int tileStart(std::int64_t side, std::int64_t cell, std::int64_t edge) {
+    const std::int64_t middle = side * (2 * cell + 1) / (std::int64_t{2} * gridSide);
     return static_cast<int>(std::clamp<std::int64_t>(middle - edge / 2, 0, side - edge));
 }
 

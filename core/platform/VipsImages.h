@@ -6,7 +6,7 @@
 
 #include "platform/BitmapTransforms.h"
 
-struct _VipsImage;
+struct _VipsImage;  // NOLINT(bugprone-reserved-identifier): the library named it.
 
 /// How this folder works with libvips; nothing outside it includes this.
 namespace ornivo {

@@ -9,8 +9,8 @@ readonly onnxruntime=build/deps/onnxruntime
 
 packages=(
     ccache cmake g++ ninja-build pkg-config
-    libcli11-dev libexiv2-dev libglib2.0-dev libicu-dev libraw-dev libssl-dev libvips-dev
-    nlohmann-json3-dev
+    libcli11-dev libexiv2-dev libglib2.0-dev libicu-dev libraw-dev libssl-dev libtiff-dev
+    libvips-dev nlohmann-json3-dev
 )
 case "$purpose" in
 run) ;;
