@@ -5,6 +5,7 @@
 #include <csignal>
 #include <nlohmann/json.hpp>
 
+#include "cli/OwnBundle.h"
 #include "cli/SortScene.h"
 #include "support/PrivateTrash.h"
 #include "support/SmallDisk.h"
@@ -139,18 +140,40 @@ TEST_F(SortCommandTest, WithAYesOriginalsGoToTheTrashOnceTheirCopiesStand) {
 
 TEST_F(SortCommandTest, WithoutAModelEachShotReportsTheReason) {
     scene.addPhotos(2);
-    const TempFolder elsewhere;
-    const fs::path bundle = "OrnivoCore_OrnivoCore.bundle";
-    fs::create_directories(elsewhere / bundle);
-    fs::copy_file(fs::path(ORNIVO_BINARY_DIR) / bundle / "bird_common_names.json",
-                  elsewhere / bundle / "bird_common_names.json");
-    fs::copy_file(builtProgram(), elsewhere / "ornivo-cli");
-    const Ending ending = Program::run(scene.sorting(), {}, (elsewhere / "ornivo-cli").string());
+    const OwnBundle bundle;
+    fs::remove(bundle.file("BirdClassifier.mlpackage"));
+    const Ending ending = Program::run(scene.sorting(), {}, bundle.program());
     EXPECT_EQ(ending.code, 1);
     EXPECT_THAT(ending.out,
                 AllOf(HasSubstr("✗ IMG_0001.jpg: BirdClassifier.mlpackage was not found in the "
                                 "package bundle.\n"),
                       HasSubstr("✗ 2 errors\n")));
+}
+
+TEST_F(SortCommandTest, WithoutANameTableEachShotReportsTheMismatch) {
+    scene.addPhotos(1);
+    const OwnBundle bundle;
+    fs::remove(bundle.file("bird_common_names.json"));
+    const Ending ending = Program::run(scene.sorting(), {}, bundle.program());
+    EXPECT_EQ(ending.code, 1);
+    EXPECT_THAT(ending.out,
+                HasSubstr("✗ IMG_0001.jpg: The bundled classifier does not match its common-name "
+                          "lookup. Model has 1250 labels, lookup has 0. In model only: "
+                          "[\"Acanthis_flammea\", "));
+    EXPECT_THAT(ending.out, HasSubstr("]. In lookup only: [].\n"));
+}
+
+TEST_F(SortCommandTest, ANameTableWithOneLabelTooManyIsNamedByEachShot) {
+    scene.addPhotos(1);
+    const OwnBundle bundle;
+    const fs::path table = bundle.file("bird_common_names.json");
+    writeFile(table, R"({"Zz_extra": "Extra Bird",)" + readFile(table).substr(1));
+    const Ending ending = Program::run(scene.sorting(), {}, bundle.program());
+    EXPECT_EQ(ending.code, 1);
+    EXPECT_THAT(ending.out,
+                HasSubstr("✗ IMG_0001.jpg: The bundled classifier does not match its common-name "
+                          "lookup. Model has 1250 labels, lookup has 1251. In model only: "
+                          "[]. In lookup only: [\"Zz_extra\"].\n"));
 }
 
 TEST_F(SortCommandTest, AFullDiskEndsTheRunWithExitCode4AndSaysHowToGoOn) {
