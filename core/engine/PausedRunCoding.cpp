@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "engine/Numbers.h"
+#include "vocabulary/JsonFields.h"
 
 namespace ornivo {
 namespace {
@@ -53,70 +54,34 @@ std::optional<chrono::sys_seconds> instant(std::string_view text) {
     return chrono::sys_days(day) + hours + minutes + seconds;
 }
 
-// Each takes over a JSON value of the right type and answers whether it was.
-
-bool takeOver(const json& value, std::string& field) {
-    if (!value.is_string()) return false;
-    field = value.get_ref<const std::string&>();
-    return true;
+/// The value that a text of the record stands for.
+template <typename Value>
+Value meant(const std::optional<Value>& value, const char* key) {
+    if (!value) throw DecodingError("'" + std::string(key) + "' has no meaning");
+    return *value;
 }
 
-bool takeOver(const json& value, bool& field) {
-    if (!value.is_boolean()) return false;
-    field = value.get<bool>();
-    return true;
-}
-
-bool takeOver(const json& value, double& field) {
-    if (!value.is_number()) return false;
-    field = value.get<double>();
-    return true;
-}
-
-bool takeOver(const json& value, int& field) {
-    if (!value.is_number_integer()) return false;
-    const bool fits = value.is_number_unsigned() ? std::in_range<int>(value.get<std::uint64_t>())
-                                                 : std::in_range<int>(value.get<std::int64_t>());
-    if (fits) field = value.get<int>();
-    return fits;
-}
-
-bool takeOver(const json& value, std::vector<std::string>& field) {
-    if (!value.is_array()) return false;
-    field.clear();
-    for (const json& element : value) {
-        if (!takeOver(element, field.emplace_back())) return false;
-    }
-    return true;
-}
-
-bool takeOver(const json& value, chrono::sys_seconds& field) {
-    if (!value.is_string()) return false;
-    const auto date = instant(value.get_ref<const std::string&>());
-    if (date) field = *date;
-    return date.has_value();
-}
-
-bool takeOver(const json& value, PausedRun::Reason& field) {
-    if (!value.is_string()) return false;
-    const auto reason = fromRawValue<PausedRun::Reason>(value.get_ref<const std::string&>());
-    if (reason) field = *reason;
-    return reason.has_value();
-}
-
-/// Takes over the value under a key that must be there.
-template <typename Field>
-bool required(const json& object, const char* key, Field& field) {
-    const auto found = object.find(key);
-    return found != object.end() && takeOver(*found, field);
-}
-
-/// Takes over the value under a key that may be left out, or hold null.
-template <typename Field>
-bool optional(const json& object, const char* key, std::optional<Field>& field) {
-    const auto found = object.find(key);
-    if (found == object.end() || found->is_null()) return true;
-    return takeOver(*found, field.emplace());
+PausedRun record(const JsonFields& fields) {
+    PausedRun run;
+    run.version = fields.required<int>("version");
+    run.pausedAt = meant(instant(fields.required<std::string>("pausedAt")), "pausedAt");
+    run.reason =
+        meant(fromRawValue<PausedRun::Reason>(fields.required<std::string>("reason")), "reason");
+    run.sourcePaths = fields.required<std::vector<std::string>>("sourcePaths");
+    run.destination = fields.required<std::string>("destination");
+    run.mode = fields.required<std::string>("mode");
+    run.gate = fields.required<double>("gate");
+    run.callLevel = fields.optional<std::string>("callLevel");
+    run.assumedLocation = fields.optional<std::string>("assumedLocation");
+    run.burstInheritance = fields.required<std::string>("burstInheritance");
+    run.copyMode = fields.required<std::string>("copyMode");
+    run.rename = fields.required<bool>("rename");
+    run.dateSubfolders = fields.required<bool>("dateSubfolders");
+    run.totalPhotos = fields.required<int>("totalPhotos");
+    run.stoppedAtIndex = fields.required<int>("stoppedAtIndex");
+    run.sortedSoFar = fields.required<int>("sortedSoFar");
+    run.uncertainSoFar = fields.required<int>("uncertainSoFar");
+    return run;
 }
 
 }  // namespace
@@ -144,28 +109,11 @@ std::string encoded(const PausedRun& record) {
     return object.dump(2, ' ', false, json::error_handler_t::replace);
 }
 
-std::optional<PausedRun> decodedPausedRun(std::string_view text) {
-    const json object = json::parse(text, nullptr, /*allow_exceptions=*/false);
-    if (!object.is_object()) return std::nullopt;
-    PausedRun record;
-    const bool whole = required(object, "version", record.version) &&
-                       required(object, "pausedAt", record.pausedAt) &&
-                       required(object, "reason", record.reason) &&
-                       required(object, "sourcePaths", record.sourcePaths) &&
-                       required(object, "destination", record.destination) &&
-                       required(object, "mode", record.mode) &&
-                       required(object, "gate", record.gate) &&
-                       optional(object, "callLevel", record.callLevel) &&
-                       optional(object, "assumedLocation", record.assumedLocation) &&
-                       required(object, "burstInheritance", record.burstInheritance) &&
-                       required(object, "copyMode", record.copyMode) &&
-                       required(object, "rename", record.rename) &&
-                       required(object, "dateSubfolders", record.dateSubfolders) &&
-                       required(object, "totalPhotos", record.totalPhotos) &&
-                       required(object, "stoppedAtIndex", record.stoppedAtIndex) &&
-                       required(object, "sortedSoFar", record.sortedSoFar) &&
-                       required(object, "uncertainSoFar", record.uncertainSoFar);
-    return whole ? std::optional(std::move(record)) : std::nullopt;
+std::optional<PausedRun> decodedPausedRun(std::string_view text) try {
+    const json object = parsedJson(text);
+    return record(JsonFields(object));
+} catch (const DecodingError&) {
+    return std::nullopt;
 }
 
 }  // namespace ornivo
