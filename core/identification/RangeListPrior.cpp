@@ -41,9 +41,8 @@ SpeciesPrior::Candidates RangeListPrior::adjusted(Candidates candidates,
     const auto lists = listsFor(context);
     if (lists.empty() || candidates.empty()) return candidates;
 
-    const double sum = weighDown(candidates, offRangeWeight_, [&](const std::string& label) {
-        return isInOneOf(lists, label);
-    });
+    const double sum = weighDown(candidates, offRangeWeight_,
+                                 [&](const std::string& label) { return isInOneOf(lists, label); });
     if (sum > 0) renormalise(candidates, sum);
     sortLikeliestFirst(candidates);
     return candidates;
