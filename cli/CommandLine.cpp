@@ -1,16 +1,22 @@
 #include "cli/CommandLine.h"
 
 #include <CLI/CLI.hpp>
-#include <array>
 #include <exception>
 #include <string>
 #include <system_error>
+#include <vector>
 
+#include "cli/CheckCommand.h"
 #include "cli/CommandHelp.h"
 #include "cli/DataCommand.h"
+#include "cli/DiscardCommand.h"
+#include "cli/FileDecisionsCommand.h"
+#include "cli/FindCommand.h"
 #include "cli/IdentifyCommand.h"
 #include "cli/PlaceCommand.h"
+#include "cli/QualityCommand.h"
 #include "cli/RegionsCommand.h"
+#include "cli/ResumeCommand.h"
 #include "cli/SortCommand.h"
 #include "cli/SpeciesCommand.h"
 #include "cli/TerminalText.h"
@@ -25,6 +31,8 @@ constexpr const char* about = "Sorts bird photographs into species folders, on t
 const std::vector<Example> examples{
     {"ornivo-cli sort ~/Pictures/Inbox ~/Pictures/Birds",
      "copy every shot into a folder of its species"},
+    {"ornivo-cli find osprey --in ~/Pictures/Inbox --to ~/Pictures/Ospreys",
+     "copy out the shots of one bird"},
     {"ornivo-cli identify IMG_2041.jpg", "what bird is it?"},
     {"ornivo-cli species heron", "is it a bird that can be recognised?"},
     {"ornivo-cli sort --help", "more on one command"},
@@ -75,13 +83,21 @@ private:
 
     CLI::App app_{about, "ornivo-cli"};
     SortCommand sort_{app_};
+    FindCommand find_{app_};
+    ResumeCommand resume_{app_};
+    DiscardCommand discard_{app_};
+    FileDecisionsCommand fileDecisions_{app_};
+    CheckCommand check_{app_};
     IdentifyCommand identify_{app_};
+    QualityCommand quality_{app_};
     SpeciesCommand species_{app_};
     RegionsCommand regions_{app_};
     PlaceCommand place_{app_};
     DataCommand data_{app_};
-    const std::array<Command*, 6> commands_{&sort_,    &identify_, &species_,
-                                            &regions_, &place_,    &data_};
+    const std::vector<Command*> commands_{
+        &sort_,     &find_,    &resume_,  &discard_, &fileDecisions_, &check_,
+        &identify_, &quality_, &species_, &regions_, &place_,         &data_,
+    };
 };
 
 /// A report that could not be written is a failure of its own.

@@ -3,8 +3,11 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
 #include <cstdlib>
+
+#include "platform/Error.h"
 
 namespace ornivo::cli {
 
@@ -88,6 +91,18 @@ int Console::columns() const {
     winsize size{};
     const bool known = ioctl(out_, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
     return known ? size.ws_col : usualColumns;
+}
+
+std::string Console::readAll() {
+    std::string text;
+    std::array<char, 64 * 1024> buffer{};
+    while (true) {
+        const ssize_t count = ::read(in_, buffer.data(), buffer.size());
+        if (count < 0 && errno == EINTR) continue;
+        if (count < 0) throw Error::posix(errno, "The standard input can't be read");
+        if (count == 0) return text;
+        text.append(buffer.data(), static_cast<std::size_t>(count));
+    }
 }
 
 bool Console::confirm(std::string_view question) {

@@ -30,6 +30,11 @@ public:
     /// The output's width in columns at this moment.
     int columns() const;
 
+    /// Whether what is read comes from somebody's keyboard.
+    bool inIsTerminal() const { return inIsTerminal_; }
+    /// All that there is to read, to its end. Raises `Error`.
+    std::string readAll();
+
     /// Whether somebody is there to answer a question.
     bool canAsk() const { return inIsTerminal_ && errIsTerminal_; }
     /// Asks a question that is answered by yes or no; anything but a yes is a no.

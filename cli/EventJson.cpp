@@ -3,7 +3,9 @@
 #include <array>
 #include <utility>
 
+#include "cli/MatchedTarget.h"
 #include "identification/BirdClassifierLabels.h"
+#include "identification/TargetSpecies.h"
 #include "platform/Text.h"
 
 namespace ornivo::cli {
@@ -51,6 +53,37 @@ Json resultJson(const SortResult& result) {
             {"warnings", result.warnings}};
 }
 
+Json resultJson(const FindResult& result) {
+    return {{"matched", result.matched},
+            {"scanned", result.scanned},
+            {"lowConfidence", result.lowConfidence},
+            {"errors", result.errors},
+            {"processed", result.processed},
+            {"total", result.total},
+            {"stopped", result.stopped},
+            {"elapsedSeconds", result.elapsedSeconds},
+            {"warnings", result.warnings}};
+}
+
+template <typename Result>
+Json finishedJson(const char* event, const SortEngine::Outcome<Result>& finished) {
+    Json json{{"event", event}, {"stopReason", nameOf(finished.stopReason)}};
+    if (!finished.stopReason.message().empty()) json["message"] = finished.stopReason.message();
+    json["lastProcessedIndex"] = finished.lastProcessedIndex;
+    json["result"] = resultJson(finished.result);
+    return json;
+}
+
+Json targetsJson(const std::vector<BirdSpecies>& targets) {
+    Json list = Json::array();
+    for (const BirdSpecies& target : targets) {
+        list.push_back({{"commonName", target.commonName},
+                        {"scientificName", target.scientificName},
+                        {"known", TargetSpecies::isKnown(target)}});
+    }
+    return list;
+}
+
 }  // namespace
 
 std::string jsonLine(const Json& object) {
@@ -64,11 +97,19 @@ Json candidatesJson(const IdentifiedSpecies& species) {
 }
 
 Json scopeJson(const RunScope& scope) {
-    return {{"event", "scan"},
-            {"source", scope.source.string()},
-            {"destination", scope.destination.string()},
-            {"files", scope.files.size()},
-            {"leftOut", scope.leftOut}};
+    Json json{{"event", scope.earlier ? "resume" : "scan"}};
+    if (!scope.earlier) json["source"] = scope.source.string();
+    json["destination"] = scope.destination.string();
+    json["files"] = scope.files.size();
+    if (scope.earlier) {
+        json["startIndex"] = scope.earlier->files;
+        json["sortedSoFar"] = scope.earlier->sorted;
+        json["uncertainSoFar"] = scope.earlier->uncertain;
+    } else {
+        json["leftOut"] = scope.leftOut;
+    }
+    if (scope.mode == AppMode::find) json["species"] = targetsJson(scope.targets);
+    return json;
 }
 
 Json eventJson(const ProgressUpdate& progress, const RunScope& scope) {
@@ -84,6 +125,10 @@ Json eventJson(const SortEngine::Prediction& prediction, std::size_t index, cons
     Json json = fileEvent("prediction", index, scope);
     json["candidates"] = prediction.species ? candidatesJson(*prediction.species) : Json(nullptr);
     json["notice"] = prediction.notice ? Json(*prediction.notice) : Json(nullptr);
+    if (scope.mode == AppMode::find) {
+        const auto match = matchedTarget(scope, prediction);
+        json["match"] = match ? Json(match->displayName()) : Json(nullptr);
+    }
     return json;
 }
 
@@ -92,11 +137,11 @@ Json eventJson(const SortEngine::DiskFull& diskFull, const RunScope& scope) {
 }
 
 Json eventJson(const SortEngine::SortFinished& finished) {
-    Json json{{"event", "sortFinished"}, {"stopReason", nameOf(finished.stopReason)}};
-    if (!finished.stopReason.message().empty()) json["message"] = finished.stopReason.message();
-    json["lastProcessedIndex"] = finished.lastProcessedIndex;
-    json["result"] = resultJson(finished.result);
-    return json;
+    return finishedJson("sortFinished", finished);
+}
+
+Json eventJson(const SortEngine::FindFinished& finished) {
+    return finishedJson("findFinished", finished);
 }
 
 Json stepJson(const PlanStep& step) {

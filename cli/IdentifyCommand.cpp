@@ -15,9 +15,9 @@
 #include "cli/Position.h"
 #include "cli/TerminalText.h"
 #include "engine/LookAhead.h"
-#include "engine/Numbers.h"
 #include "engine/SortEngine.h"
 #include "identification/BirdClassifierLabels.h"
+#include "platform/Numbers.h"
 #include "platform/Text.h"
 
 namespace ornivo::cli {

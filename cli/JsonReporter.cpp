@@ -26,8 +26,9 @@ void JsonReporter::tellPlan(const Plan& plan) {
     for (const PlanStep& step : plan) console_.write(jsonLine(stepJson(step)));
 }
 
-void JsonReporter::tellTotals(const SortEngine::SortFinished& finished) {
-    console_.write(jsonLine(eventJson(finished)));
+void JsonReporter::tellTotals(const RunEnd& end) {
+    std::visit([this](const auto& finished) { console_.write(jsonLine(eventJson(finished))); },
+               end);
 }
 
 }  // namespace ornivo::cli

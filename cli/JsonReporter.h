@@ -18,7 +18,7 @@ public:
     void stopping() override {}
     void tick() override {}
     void tellPlan(const Plan& plan) override;
-    void tellTotals(const SortEngine::SortFinished& finished) override;
+    void tellTotals(const RunEnd& end) override;
 
 private:
     Console& console_;

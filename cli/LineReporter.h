@@ -15,7 +15,7 @@ public:
     void tick() override {}
 
 private:
-    ShotLog log_;
+    ShotLog log_{scope()};
 };
 
 }  // namespace ornivo::cli

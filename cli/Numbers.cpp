@@ -1,9 +1,10 @@
 #include "cli/Numbers.h"
 
-#include <array>
 #include <charconv>
 #include <cmath>
 #include <system_error>
+
+#include "platform/Numbers.h"
 
 namespace ornivo::cli {
 
@@ -18,15 +19,11 @@ std::optional<Number> parse(std::string_view text, Form... form) {
     return value;
 }
 
-std::string withDecimals(double value, int decimals) {
-    // Room for the longest double that there is.
-    std::array<char, 320> buffer{};
-    const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
-                                       std::chars_format::fixed, decimals);
-    return {buffer.data(), written.ptr};
-}
-
 }  // namespace
+
+std::string withDecimals(double value, int decimals) {
+    return fixedText(value, decimals);
+}
 
 std::string withOneDecimal(double value) {
     return withDecimals(value, 1);
@@ -42,6 +39,10 @@ std::string percentage(double probability) {
 
 std::string counted(std::size_t count, const std::string& one, const std::string& several) {
     return std::to_string(count) + " " + (count == 1 ? one : several);
+}
+
+std::optional<double> parseNumber(std::string_view text) {
+    return parse<double>(text, std::chars_format::general);
 }
 
 std::optional<double> parseDecimal(std::string_view text) {

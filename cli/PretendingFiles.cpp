@@ -151,6 +151,10 @@ std::unique_ptr<AppendingFile> PretendingFiles::openForAppending(const fs::path&
     return std::make_unique<PretendingAppendingFile>(*this, path);
 }
 
+std::unique_ptr<KeptRoom> PretendingFiles::keepRoom(const fs::path&, std::uint64_t) {
+    return nullptr;
+}
+
 bool PretendingFiles::isThere(const fs::path& path) const {
     const auto siblings = added_.find(path.parent_path());
     if (siblings != added_.end() && siblings->second.contains(path.filename())) return true;

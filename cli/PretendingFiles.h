@@ -37,6 +37,8 @@ public:
     std::optional<std::filesystem::path> trash(const std::filesystem::path& path) override;
     void replaceContents(const std::filesystem::path& path, std::string_view bytes) override;
     std::unique_ptr<AppendingFile> openForAppending(const std::filesystem::path& path) override;
+    std::unique_ptr<KeptRoom> keepRoom(const std::filesystem::path& folder,
+                                       std::uint64_t bytes) override;
 
 private:
     class PretendingAppendingFile;

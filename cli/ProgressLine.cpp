@@ -48,8 +48,9 @@ std::string bar(const RunProgress& progress, int columns) {
 }
 
 std::string rateText(const RunProgress& progress, Wording wording) {
-    if (wording == Wording::none || progress.done < 1 || progress.elapsedSeconds <= 0) return {};
-    const double rate = progress.done / progress.elapsedSeconds;
+    const int done = progress.done - progress.before;
+    if (wording == Wording::none || done < 1 || progress.elapsedSeconds <= 0) return {};
+    const double rate = done / progress.elapsedSeconds;
     const std::string number =
         rate < 10 ? withOneDecimal(rate) : std::to_string(std::llround(rate));
     return number + (wording == Wording::full ? " photos/s" : "/s");
@@ -65,8 +66,9 @@ std::string duration(long long seconds) {
 std::string timeLeftText(const RunProgress& progress, Wording wording) {
     if (wording == Wording::none) return {};
     if (progress.stopping) return "stopping…";
-    if (progress.done < 1) return {};
-    const double perFile = progress.elapsedSeconds / progress.done;
+    const int done = progress.done - progress.before;
+    if (done < 1) return {};
+    const double perFile = progress.elapsedSeconds / done;
     const auto seconds = std::llround(std::ceil(perFile * (progress.total - progress.done)));
     return duration(seconds) + (wording == Wording::full ? " left" : "");
 }

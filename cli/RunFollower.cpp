@@ -15,15 +15,14 @@ constexpr int tickMilliseconds = 100;
 
 }  // namespace
 
-SortEngine::SortFinished followRun(SortEngine& engine, SortEngine::RunInput input,
-                                   RunReporter& reporter) {
+RunEnd followRun(SortEngine& engine, SortEngine::RunInput input, RunReporter& reporter) {
     const auto wakeup = std::make_shared<const Wakeup>();
     const Interrupt interrupt(wakeup);
     bool isStopping = false;
     auto events = engine.run(std::move(input));
     events.onReadable([wakeup] { wakeup->wake(); });
 
-    std::optional<SortEngine::SortFinished> finished;
+    std::optional<RunEnd> end;
     while (!events.isAtEnd()) {
         wakeup->wait(tickMilliseconds);
         if (interrupt.requested() && !std::exchange(isStopping, true)) {
@@ -32,11 +31,12 @@ SortEngine::SortFinished followRun(SortEngine& engine, SortEngine::RunInput inpu
         }
         while (const auto event = events.tryNext()) {
             reporter.take(*event);
-            if (const auto* end = std::get_if<SortEngine::SortFinished>(&*event)) finished = *end;
+            if (const auto* sorted = std::get_if<SortEngine::SortFinished>(&*event)) end = *sorted;
+            if (const auto* found = std::get_if<SortEngine::FindFinished>(&*event)) end = *found;
         }
         reporter.tick();
     }
-    return finished.value();
+    return end.value();
 }
 
 }  // namespace ornivo::cli

@@ -14,6 +14,8 @@ struct RunProgress {
     std::string fileName;
     /// Whether the run has been asked to stop and is finishing a file.
     bool stopping = false;
+    /// Those of `done` that an earlier part of the run dealt with.
+    int before = 0;
 };
 
 }  // namespace ornivo::cli

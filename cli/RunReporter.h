@@ -1,11 +1,12 @@
 #pragma once
 
 #include "cli/Plan.h"
+#include "cli/RunEnd.h"
 #include "engine/SortEngine.h"
 
 namespace ornivo::cli {
 
-/// Tells the user of a Sort run, from its first event to its totals. Called from one thread.
+/// Tells the user of a run, from its first event to its totals. Called from one thread.
 class RunReporter {
 public:
     virtual ~RunReporter() = default;
@@ -19,7 +20,7 @@ public:
     /// After the last event of a dry run: what the run would do.
     virtual void tellPlan(const Plan& plan) = 0;
     /// At the very end.
-    virtual void tellTotals(const SortEngine::SortFinished& finished) = 0;
+    virtual void tellTotals(const RunEnd& end) = 0;
 };
 
 }  // namespace ornivo::cli

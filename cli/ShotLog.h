@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 
+#include "cli/RunScope.h"
 #include "cli/Shot.h"
 #include "engine/SortEngine.h"
 
@@ -12,10 +13,16 @@ namespace ornivo::cli {
 /// or ends.
 class ShotLog {
 public:
+    /// `scope` must outlive the log.
+    explicit ShotLog(const RunScope& scope) : scope_(scope) {}
+
     /// Takes the next event; answers the shot that it completes, if any.
     std::optional<Shot> take(const SortEngine::Event& event);
 
 private:
+    std::optional<std::string> folderOf(const SortEngine::Prediction& prediction) const;
+
+    const RunScope& scope_;
     std::string fileName_;
     std::optional<Shot> pending_;
 };

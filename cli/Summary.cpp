@@ -25,13 +25,21 @@ void addWarnings(Lines& lines, const std::vector<std::string>& warnings) {
     lines.push_back({"+ " + std::to_string(warnings.size() - shown) + " more", Tone::subdued});
 }
 
-void addStopLines(Lines& lines, const SortResult& result, const std::string& sinkName) {
-    if (result.stopReason.kind() != StopReason::Kind::diskFull) {
+template <typename Result>
+void addUnsureAndFailed(Lines& lines, const Result& result) {
+    if (result.lowConfidence >= 1) {
         lines.push_back(
-            {"Stopped at " + text(result.processed) + "/" + text(result.total) + " — results saved",
+            {text(result.lowConfidence) + " photos had no confirmed call — accept probable calls?",
              Tone::warning});
-        return;
     }
+    if (result.errors >= 1) {
+        lines.push_back({"✗ " + text(result.errors) + " errors", Tone::error});
+    }
+    addWarnings(lines, result.warnings);
+}
+
+template <typename Result>
+void addDiskFull(Lines& lines, const Result& result, const std::string& sinkName) {
     lines.push_back({"Stopped at photo " + text(result.processed) + " of " + text(result.total) +
                          " — " + sinkName + " is full",
                      Tone::error});
@@ -49,7 +57,7 @@ std::string timeLabel(double seconds) {
     return withOneDecimal(seconds) + "s";
 }
 
-std::vector<SummaryLine> sortSummary(const SortResult& result, const std::string& sinkName) {
+std::vector<SummaryLine> summary(const SortResult& result, const std::string& sinkName) {
     Lines lines;
     lines.push_back(
         {"✓ " + text(result.sorted) + " photos sorted into bird folders", Tone::accent});
@@ -61,20 +69,37 @@ std::vector<SummaryLine> sortSummary(const SortResult& result, const std::string
     lines.push_back(
         {"? " + text(result.unidentified) + " moved to " + SortEngine::uncertainFolderName + "/",
          Tone::subdued});
-    if (result.lowConfidence >= 1) {
+    addUnsureAndFailed(lines, result);
+    if (result.stopReason == StopReason::diskFull()) {
+        addDiskFull(lines, result, sinkName);
+    } else if (result.stopped) {
         lines.push_back(
-            {text(result.lowConfidence) + " photos had no confirmed call — accept probable calls?",
+            {"Stopped at " + text(result.processed) + "/" + text(result.total) + " — results saved",
              Tone::warning});
     }
-    if (result.errors >= 1) {
-        lines.push_back({"✗ " + text(result.errors) + " errors", Tone::error});
-    }
-    addWarnings(lines, result.warnings);
-    if (result.stopped) addStopLines(lines, result, sinkName);
     lines.push_back({std::to_string(result.perSpecies.size()) + " species · " +
                          timeLabel(result.elapsedSeconds),
                      Tone::subdued});
     return lines;
+}
+
+std::vector<SummaryLine> summary(const FindResult& result, const std::string& sinkName) {
+    Lines lines;
+    lines.push_back({"✓ " + text(result.matched) + " photos matched and copied", Tone::accent});
+    lines.push_back(
+        {"~ " + text(result.scanned - result.matched) + " scanned, no match", Tone::subdued});
+    addUnsureAndFailed(lines, result);
+    if (result.stopReason == StopReason::diskFull()) addDiskFull(lines, result, sinkName);
+    lines.push_back({timeLabel(result.elapsedSeconds), Tone::subdued});
+    return lines;
+}
+
+std::string earlierSummary(AppMode mode, const RunScope::EarlierPart& earlier) {
+    if (mode == AppMode::find) {
+        return "Before that: " + std::to_string(earlier.files) + " photos processed";
+    }
+    return "Before that: " + text(earlier.sorted) + " sorted · " + text(earlier.uncertain) +
+           " to review";
 }
 
 }  // namespace ornivo::cli

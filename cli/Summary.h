@@ -3,7 +3,9 @@
 #include <string>
 #include <vector>
 
+#include "cli/RunScope.h"
 #include "cli/Tone.h"
+#include "vocabulary/FindResult.h"
 #include "vocabulary/SortResult.h"
 
 /// What a finished run is told in, row by row.
@@ -21,6 +23,11 @@ struct SummaryLine {
 std::string timeLabel(double seconds);
 
 /// The totals of a Sort run. `sinkName` is what to call the destination.
-std::vector<SummaryLine> sortSummary(const SortResult& result, const std::string& sinkName);
+std::vector<SummaryLine> summary(const SortResult& result, const std::string& sinkName);
+/// The same of a Find run.
+std::vector<SummaryLine> summary(const FindResult& result, const std::string& sinkName);
+
+/// What a run that went on had done before; its totals tell of the later part alone.
+std::string earlierSummary(AppMode mode, const RunScope::EarlierPart& earlier);
 
 }  // namespace ornivo::cli

@@ -21,12 +21,14 @@ void TerminalReporter::take(const SortEngine::Event& event) {
         erase();
         console().line(printable(shotLine(*shot)), toneOf(*shot));
     }
-    if (std::holds_alternative<SortEngine::SortFinished>(event)) {
+    if (std::holds_alternative<SortEngine::SortFinished>(event) ||
+        std::holds_alternative<SortEngine::FindFinished>(event)) {
         erase();
         started_.reset();
     }
     if (const auto* update = std::get_if<ProgressUpdate>(&event)) {
         if (!started_) started_ = Clock::now();
+        progress_.before = static_cast<int>(scope().startIndex());
         progress_.done = update->current;
         progress_.total = update->total;
         progress_.fileName = update->fileName;

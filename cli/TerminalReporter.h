@@ -26,7 +26,7 @@ private:
     void drawIfDue();
     void erase();
 
-    ShotLog log_;
+    ShotLog log_{scope()};
     RunProgress progress_;
     std::optional<Clock::time_point> started_;
     Clock::time_point drawnAt_;

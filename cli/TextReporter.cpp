@@ -1,5 +1,7 @@
 #include "cli/TextReporter.h"
 
+#include <variant>
+
 #include "cli/PlanText.h"
 #include "cli/Summary.h"
 #include "cli/TerminalText.h"
@@ -14,16 +16,23 @@ void TextReporter::tellPlan(const Plan& plan) {
     }
 }
 
-void TextReporter::tellTotals(const SortEngine::SortFinished& finished) {
-    SortResult result = finished.result;
+void TextReporter::tellTotals(const RunEnd& end) {
+    std::visit([this](const auto& finished) { tell(finished.result); }, end);
+    if (scope_.earlier) {
+        console_.line(earlierSummary(scope_.mode, *scope_.earlier), Tone::subdued);
+    }
+    if (isDryRun_) console_.line("Dry run: nothing was written.");
+}
+
+template <typename Result>
+void TextReporter::tell(Result result) {
     for (const auto& warning : result.warnings) console_.note(printable(warning), Tone::warning);
     // On one screen all of the warnings stand right above.
     if (console_.bothAreTerminals()) result.warnings.clear();
 
-    for (const auto& line : sortSummary(result, lastPathComponent(scope_.destination))) {
+    for (const auto& line : summary(result, lastPathComponent(scope_.destination))) {
         console_.line(printable(line.text), line.tone);
     }
-    if (isDryRun_) console_.line("Dry run: nothing was written.");
 }
 
 }  // namespace ornivo::cli

@@ -14,12 +14,16 @@ public:
     TextReporter(Console& console, const RunScope& scope) : console_(console), scope_(scope) {}
 
     void tellPlan(const Plan& plan) override;
-    void tellTotals(const SortEngine::SortFinished& finished) override;
+    void tellTotals(const RunEnd& end) override;
 
 protected:
     Console& console() { return console_; }
+    const RunScope& scope() const { return scope_; }
 
 private:
+    template <typename Result>
+    void tell(Result result);
+
     Console& console_;
     const RunScope& scope_;
     bool isDryRun_ = false;

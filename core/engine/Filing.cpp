@@ -2,7 +2,6 @@
 #include <utility>
 
 #include "engine/FolderName.h"
-#include "engine/Numbers.h"
 #include "engine/SortEngine.h"
 #include "engine/Warnings.h"
 #include "media/PhotoDate.h"
@@ -10,6 +9,7 @@
 #include "media/Trash.h"
 #include "platform/Collision.h"
 #include "platform/Error.h"
+#include "platform/Numbers.h"
 #include "platform/Paths.h"
 #include "platform/Text.h"
 

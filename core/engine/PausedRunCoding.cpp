@@ -4,7 +4,7 @@
 #include <nlohmann/json.hpp>
 #include <utility>
 
-#include "engine/Numbers.h"
+#include "platform/Numbers.h"
 #include "vocabulary/JsonFields.h"
 
 namespace ornivo {

@@ -1,13 +1,16 @@
+#include <chrono>
 #include <cstddef>
+#include <exception>
 
-#include "engine/Numbers.h"
 #include "engine/SortEngine.h"
 #include "identification/BirdClassifierLabels.h"
+#include "platform/Numbers.h"
 
 namespace ornivo {
 namespace {
 
 namespace fs = std::filesystem;
+namespace chrono = std::chrono;
 
 constexpr const char* csvHeader = "filename,guess1,conf1,guess2,conf2,guess3,conf3\n";
 constexpr std::size_t guessesPerRow = 3;
@@ -40,8 +43,16 @@ void SortEngine::appendReviewRow(const fs::path& baseDest, const std::string& fi
     reviewCSVHandle_->write(csvRow(fileName, species));
 }
 
-void SortEngine::writeReviewPage(const fs::path&, double) {
-    // The page itself is yet to be built; an older one stays as it is.
+void SortEngine::writeReviewPage(const fs::path& baseDest, double gate) {
+    if (reviewRows_.empty()) return;
+    const fs::path folder = baseDest / uncertainFolderName;
+    const auto now = chrono::floor<chrono::seconds>(chrono::system_clock::now());
+    try {
+        files_->createDirectories(folder);
+        files_->replaceContents(folder / reviewPageName, ReviewPage::html(reviewRows_, gate, now));
+    } catch (const std::exception&) {
+        // The page is a convenience: the shots lie where they belong, and the list names them.
+    }
 }
 
 }  // namespace ornivo

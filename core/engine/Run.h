@@ -6,6 +6,7 @@
 #include <exception>
 #include <filesystem>
 #include <map>
+#include <memory>
 #include <stop_token>
 #include <string>
 #include <vector>
@@ -29,6 +30,9 @@ struct SortEngine::Run {
     /// Over the whole list, so that a follower is one even if its leader came before a stop.
     const Shots::Grouping grouping;
     int lastProcessed;
+
+    /// For what is written at the end; null where none can be kept.
+    std::unique_ptr<KeptRoom> room;
 
     SortResult sort;
     FindResult find;

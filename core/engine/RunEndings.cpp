@@ -1,8 +1,11 @@
 #include <algorithm>
 #include <chrono>
+#include <cstdint>
+#include <memory>
 #include <utility>
 
 #include "engine/PausedRun.h"
+#include "engine/PausedRunCoding.h"
 #include "engine/Run.h"
 #include "engine/SortEngine.h"
 #include "identification/BirdClassifierLabels.h"
@@ -44,8 +47,23 @@ bool isAllowed(BurstResolver::Kind kind, BurstInheritance inheritance) {
 
 }  // namespace
 
+std::unique_ptr<KeptRoom> SortEngine::keepRoomForEnding(const RunInput& input, double gate) {
+    // Folders and the file system's own book-keeping.
+    constexpr std::uint64_t overhead = 64 << 10;
+    // A card of the page holds a name and three guesses.
+    constexpr std::uint64_t bytesOfCard = 1 << 10;
+    const bool isFind = input.mode == AppMode::find;
+    const std::uint64_t newCards = isFind ? 0 : input.paths.size() - input.startIndex;
+    const std::uint64_t cards = reviewRows_.size() + newCards;
+    const std::uint64_t record = encoded(recordOf(input, gate)).size() + overhead;
+    auto room = files_->keepRoom(input.destination, record + cards * bytesOfCard);
+    // Without room for the page the record is worth keeping some for all the same.
+    return room ? std::move(room) : files_->keepRoom(input.destination, record);
+}
+
 void SortEngine::end(Run& run, const StopReason& reason) {
     const fs::path& destination = run.input.destination;
+    run.room.reset();
     if (reason == StopReason::completed()) promoteBursts(run);
     writeReviewPage(destination, run.gate);
     if (reason == StopReason::completed()) PausedRun::clear(destination, *files_);

@@ -75,6 +75,7 @@ void SortEngine::runLoop(const RunInput& input, EventStream<Event>& sink,
             .gate = ConfidencePolicy::threshold(input.options.confidence),
             .grouping = Shots::group(input.paths),
             .lastProcessed = static_cast<int>(input.startIndex) - 1,
+            .room = nullptr,
             .sort = carried_.sort,
             .find = carried_.find,
             .perSpecies = carried_.perSpecies,
@@ -83,6 +84,8 @@ void SortEngine::runLoop(const RunInput& input, EventStream<Event>& sink,
             .uncertainBySequence = {},
             .frames = {}};
     run.sort.total = run.find.total = static_cast<int>(input.paths.size());
+
+    run.room = keepRoomForEnding(input, run.gate);
 
     std::optional<RunLaws> laws;
     if (audit_) laws.emplace(*audit_, input, run.grouping, carried_.sort, carried_.find);

@@ -22,6 +22,7 @@
 #include "media/VideoDecoder.h"
 #include "platform/Files.h"
 #include "review/ReviewPage.h"
+#include "review/UncertainFolder.h"
 #include "vocabulary/AppMode.h"
 #include "vocabulary/BirdIdentifying.h"
 #include "vocabulary/BirdSpecies.h"
@@ -43,8 +44,9 @@ class LookAhead;
 /// `run`, `pause`, `resume` and `cancel` may be called from any thread, `run` by one at a time.
 class SortEngine {
 public:
-    static constexpr const char* uncertainFolderName = "_Uncertain";
+    static constexpr const char* uncertainFolderName = ornivo::uncertainFolderName;
     static constexpr const char* reviewCSVName = "review.csv";
+    static constexpr const char* reviewPageName = "review.html";
 
     /// A run as the application asks for it.
     struct RunInput {
@@ -193,8 +195,8 @@ public:
     void appendReviewRow(const std::filesystem::path& baseDest, const std::string& fileName,
                          const IdentifiedSpecies& species);
 
-    /// Writes the review page of the shots left in `_Uncertain`. The page is yet to come: for now
-    /// this writes nothing.
+    /// Writes the review page of the shots left in `_Uncertain`, in place of an older one. With no
+    /// such shot nothing is written. A failure is ignored.
     void writeReviewPage(const std::filesystem::path& baseDest, double gate);
 
     /// The shots of this run, and of the one it resumed, that are in `_Uncertain`.
@@ -219,6 +221,8 @@ private:
 
     void runLoop(const RunInput& input, EventStream<Event>& sink, const std::stop_token& stop);
     void forgetPastRun();
+    /// Room in the destination for what a run writes at its end, should it fill up before.
+    std::unique_ptr<KeptRoom> keepRoomForEnding(const RunInput& input, double gate);
     StopReason takeFiles(Run& run);
     Space takeShot(Run& run, std::size_t index, LookAhead<ClassifiedShot>& ahead);
     void fileForSort(Run& run, std::size_t index, const ClassifiedShot& shot, bool isCalled);

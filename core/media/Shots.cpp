@@ -66,19 +66,29 @@ Grouping group(const std::vector<fs::path>& files) {
     return grouping;
 }
 
-std::vector<std::string> siblingNames(std::string_view photoName,
-                                      const std::vector<std::string>& names) {
+Listing::Listing(const std::vector<std::string>& names) {
+    for (const std::string& name : names) {
+        if (!FileScanner::mediaExtensions().contains(lowercasedExtension(name))) continue;
+        namesByStem_.emplace(caselessForm(deletingPathExtension(name)), name);
+    }
+}
+
+std::vector<std::string> Listing::namesBeside(std::string_view photoName) const {
     const std::string stem = deletingPathExtension(photoName);
     if (stem.empty()) return {};
 
     std::vector<std::string> siblings;
-    std::ranges::copy_if(names, std::back_inserter(siblings), [&](const std::string& name) {
-        return FileScanner::mediaExtensions().contains(lowercasedExtension(name)) &&
-               equalIgnoringCase(deletingPathExtension(name), stem) &&
-               !equalIgnoringCase(name, photoName);
-    });
+    const auto [first, last] = namesByStem_.equal_range(caselessForm(stem));
+    for (auto found = first; found != last; ++found) {
+        if (!equalIgnoringCase(found->second, photoName)) siblings.push_back(found->second);
+    }
     std::ranges::stable_sort(siblings, plainTextLess);
     return siblings;
+}
+
+std::vector<std::string> siblingNames(std::string_view photoName,
+                                      const std::vector<std::string>& names) {
+    return Listing(names).namesBeside(photoName);
 }
 
 const std::set<std::string, std::less<>>& rawExtensions() {

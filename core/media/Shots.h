@@ -29,8 +29,22 @@ struct Grouping {
 /// at least two of RAW, ordinary picture and clip are among them.
 Grouping group(const std::vector<std::filesystem::path>& files);
 
-/// The media files among `names`, all of one folder, that share the photograph's name up to the
-/// extension, in plain text order; of whatever kinds.
+/// The media files of one folder, found by their photograph without a look at all of them.
+class Listing {
+public:
+    /// Takes the media files out of all the names in a folder.
+    explicit Listing(const std::vector<std::string>& names);
+
+    /// Those that share the photograph's name up to the extension, in plain text order; of
+    /// whatever kinds. Case does not count.
+    std::vector<std::string> namesBeside(std::string_view photoName) const;
+
+private:
+    /// Names under the caseless form of what is before their extension.
+    std::multimap<std::string, std::string, std::less<>> namesByStem_;
+};
+
+/// The same for one photograph among the names in its folder.
 std::vector<std::string> siblingNames(std::string_view photoName,
                                       const std::vector<std::string>& names);
 

@@ -24,6 +24,12 @@ public:
     virtual void write(std::string_view bytes) = 0;
 };
 
+/// Room on a disk that nobody else can take. Given back by its destructor.
+class KeptRoom {
+public:
+    virtual ~KeptRoom() = default;
+};
+
 /// Everything a run does to the disk goes through this seam, so that tests can fill it up, make
 /// its n-th call fail, or only pretend. One implementation touches real files: `system()`.
 ///
@@ -80,6 +86,12 @@ public:
 
     /// Opens a file at its end, making it if it is missing.
     virtual std::unique_ptr<AppendingFile> openForAppending(const std::filesystem::path& path) = 0;
+
+    /// Keeps bytes of the volume on which the folder stands, or would be made, for what must be
+    /// written there even when it has filled up. Nothing of it is seen in any folder, and it does
+    /// not outlive the process. Null when there is not that much room, or none can be kept there.
+    virtual std::unique_ptr<KeptRoom> keepRoom(const std::filesystem::path& folder,
+                                               std::uint64_t bytes) = 0;
 };
 
 }  // namespace ornivo

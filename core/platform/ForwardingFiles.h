@@ -56,6 +56,11 @@ public:
         return files_->openForAppending(path);
     }
 
+    std::unique_ptr<KeptRoom> keepRoom(const std::filesystem::path& folder,
+                                       std::uint64_t bytes) override {
+        return files_->keepRoom(folder, bytes);
+    }
+
 private:
     std::shared_ptr<Files> files_;
 };

@@ -16,6 +16,7 @@
 #include "platform/FolderListing.h"
 #include "platform/GIOFiles.h"
 #include "platform/TemporaryName.h"
+#include "platform/UnnamedFile.h"
 
 namespace ornivo {
 namespace {
@@ -106,6 +107,10 @@ public:
 
     std::unique_ptr<AppendingFile> openForAppending(const fs::path& path) override {
         return std::make_unique<SystemAppendingFile>(path);
+    }
+
+    std::unique_ptr<KeptRoom> keepRoom(const fs::path& folder, std::uint64_t bytes) override {
+        return UnnamedFile::ofLength(folder, bytes);
     }
 };
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,6 +18,13 @@ struct Row {
 
     bool operator==(const Row&) const = default;
 };
+
+/// The review page: one HTML document, complete in itself, that shows the files of the rows by
+/// their bare names and so has to lie beside them. `gate` is the confidence that the run asked
+/// for, from 0 to 1; `generated` is the time of writing. The page speaks English; its date and its
+/// digits follow a locale ("en_GB") and a time zone ("Europe/London"), the user's unless given.
+std::string html(const std::vector<Row>& rows, double gate, std::chrono::sys_seconds generated,
+                 const std::string& locale = {}, const std::string& timeZone = {});
 
 /// A text as a field of `review.csv`: with a comma, a quotation mark or a line feed in it, it
 /// stands in quotation marks, those in it doubled; otherwise as it is.

@@ -20,8 +20,11 @@ TEST(CommandLine, WithoutArgumentsTheHelpIsShown) {
 }
 
 TEST(CommandLine, EveryHelpTeachesByExamplesThatFitATerminal) {
-    for (const Arguments& words : {Arguments{"--help"}, Arguments{"sort", "--help"},
-                                   Arguments{"identify", "-h"}, Arguments{"species", "--help"}}) {
+    for (const Arguments& words :
+         {Arguments{"--help"}, Arguments{"sort", "--help"}, Arguments{"identify", "-h"},
+          Arguments{"species", "--help"}, Arguments{"find", "--help"},
+          Arguments{"resume", "--help"}, Arguments{"discard", "--help"},
+          Arguments{"file-decisions", "--help"}}) {
         const Ending ending = Program::run(words);
         EXPECT_EQ(ending.code, 0);
         EXPECT_THAT(ending.out, HasSubstr("\nExamples:\n  ornivo-cli "));
@@ -32,7 +35,7 @@ TEST(CommandLine, EveryHelpTeachesByExamplesThatFitATerminal) {
 TEST(CommandLine, HelpOnACommandNamesItsOptions) {
     const std::string help = Program::run({"sort", "--help"}).out;
     for (const char* const option :
-         {"SOURCE", "DESTINATION", "--level", "--confidence", "--at", "--rename",
+         {"SOURCE", "DESTINATION", "--level", "--confidence", "--at", "--rename", "--bursts",
           "--date-subfolders", "--trash-originals", "--dry-run", "--json", "--yes"}) {
         EXPECT_THAT(help, HasSubstr(std::string("\n  ") + option));
     }
@@ -58,6 +61,19 @@ TEST(CommandLine, WhatIsNoCommandIsExitCode2WithAHint) {
                  "Try: ornivo-cli --help\n"},
              Row{{"sort"}, "SOURCE is required. Try: ornivo-cli sort --help\n"},
              Row{{"sort", "in"}, "DESTINATION is required. Try: ornivo-cli sort --help\n"},
+             Row{{"find", "--in", "a", "--to", "b"},
+                 "SPECIES is required. Try: ornivo-cli find --help\n"},
+             Row{{"find", "osprey", "--to", "b"},
+                 "--in is required. Try: ornivo-cli find --help\n"},
+             Row{{"find", "osprey", "--in", "a"},
+                 "--to is required. Try: ornivo-cli find --help\n"},
+             Row{{"find", "osprey", "--in", "a", "--to", "b", "--rename"},
+                 "The following argument was not expected: --rename. "
+                 "Try: ornivo-cli find --help\n"},
+             Row{{"resume"}, "DESTINATION is required. Try: ornivo-cli resume --help\n"},
+             Row{{"discard"}, "DESTINATION is required. Try: ornivo-cli discard --help\n"},
+             Row{{"file-decisions"},
+                 "DESTINATION is required. Try: ornivo-cli file-decisions --help\n"},
              Row{{"species"}, "QUERY is required. Try: ornivo-cli species --help\n"},
              Row{{"species", "owl", "a\x1b[2J", "--b\x1b[2J"},
                  "The following argument was not expected: --b\uFFFD[2J. "

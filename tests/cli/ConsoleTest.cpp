@@ -9,6 +9,7 @@
 #include <csignal>
 #include <string>
 
+#include "platform/Error.h"
 #include "support/TempFolder.h"
 
 namespace ornivo::cli {
@@ -42,6 +43,29 @@ TEST_F(ConsoleTest, LinesGoToTheOutputAndNotesBesideIt) {
     EXPECT_EQ(readFile(folder / "err"), "three\n");
 }
 
+TEST_F(ConsoleTest, EverythingIsReadToItsEndHoweverMuchItIs) {
+    std::string text(200'000, 'x');
+    text += std::string("\0\n\xff", 3);
+    ::close(in);
+    in = open(ornivo::testing::writeFile(folder / "in", text));
+    Console console(in, out, err);
+    EXPECT_FALSE(console.inIsTerminal());
+    EXPECT_EQ(console.readAll(), text);
+    EXPECT_EQ(console.readAll(), "");
+}
+
+TEST_F(ConsoleTest, AnInputThatCanNotBeReadIsSaidToBe) {
+    ::close(in);
+    in = ::open(folder.path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    Console console(in, out, err);
+    try {
+        console.readAll();
+        FAIL() << "a folder was read";
+    } catch (const Error& error) {
+        EXPECT_EQ(error.localizedDescription(), "The standard input can't be read: Is a directory");
+    }
+}
+
 TEST_F(ConsoleTest, AFileIsNoTerminalAndHasTheUsualWidth) {
     const Console console(in, out, err);
     EXPECT_FALSE(console.outIsTerminal());
@@ -59,7 +83,7 @@ TEST_F(ConsoleTest, OnlyAYesIsAYes) {
     for (const Row row : {Row{"y\n", true}, Row{"Y\n", true}, Row{"yes\n", true},
                           Row{"Yes\n", true}, Row{"n\n", false}, Row{"\n", false}, Row{"", false},
                           Row{"yeah\n", false}, Row{" y\n", false}, Row{"no\ny\n", false}}) {
-        const int answer = open(testing::writeFile(folder / "answer", row.typed));
+        const int answer = open(ornivo::testing::writeFile(folder / "answer", row.typed));
         Console console(answer, out, err);
         EXPECT_EQ(console.confirm("Sure?"), row.meansYes) << row.typed;
         ::close(answer);

@@ -27,6 +27,42 @@ TEST(EventJson, TheScanTellsWhatTheRunIsAbout) {
               "\n");
 }
 
+TEST(EventJson, ASearchTellsItsSpeciesAndWhichOfThemCanBeFound) {
+    RunScope scope = scopeOf({"/in/a.jpg"});
+    scope.mode = AppMode::find;
+    scope.targets = {{"Dodo", ""}, {nameOf("Upupa_epops"), "Upupa epops"}};
+    EXPECT_EQ(jsonLine(scopeJson(scope)),
+              R"({"event":"scan","source":"/in","destination":"/out","files":1,"leftOut":2,)"
+              R"("species":[{"commonName":"Dodo","scientificName":"","known":false},)"
+              R"({"commonName":")" +
+                  nameOf("Upupa_epops") +
+                  R"(","scientificName":"Upupa epops","known":true}]})"
+                  "\n");
+}
+
+TEST(EventJson, ARunThatGoesOnTellsWhereAndWhatWasDone) {
+    RunScope scope = scopeOf({"/in/a.jpg", "/in/b.jpg"});
+    scope.earlier = RunScope::EarlierPart{.files = 1, .sorted = 4, .uncertain = 5};
+    EXPECT_EQ(jsonLine(scopeJson(scope)),
+              R"({"event":"resume","destination":"/out","files":2,"startIndex":1,)"
+              R"("sortedSoFar":4,"uncertainSoFar":5})"
+              "\n");
+}
+
+TEST(EventJson, APredictionOfASearchTellsWhatItMatched) {
+    RunScope scope = scopeOf({"/in/a.jpg"});
+    scope.mode = AppMode::find;
+    scope.targets = {{"Dodo", ""}, {"my hoopoes", "upupa-epops"}};
+    const auto matchOf = [&](const SortEngine::Prediction& prediction) {
+        return eventJson(prediction, 0, scope)["match"];
+    };
+    EXPECT_EQ(matchOf({hoopoe, std::nullopt}), "my hoopoes");
+    EXPECT_TRUE(matchOf({hoopoe, "Low confidence"}).is_null());
+    EXPECT_TRUE(matchOf({std::nullopt, "no picture"}).is_null());
+    scope.targets.pop_back();
+    EXPECT_TRUE(matchOf({hoopoe, std::nullopt}).is_null());
+}
+
 TEST(EventJson, ProgressTellsTheFileAndTheRunningCounts) {
     const ProgressUpdate progress{1, 3, "b.jpg", {{"Hoopoe", 4}}, 5};
     EXPECT_EQ(jsonLine(eventJson(progress, scopeOf({"/in/a.jpg", "/in/x/b.jpg", "/in/c.jpg"}))),
@@ -85,6 +121,27 @@ TEST(EventJson, TheTotalsHoldEveryCountAndTheReason) {
               R"("sorted":1,"burstPromoted":2,"unidentified":3,"lowConfidence":4,"errors":5,)"
               R"("processed":6,"total":7,"stopped":true,"perSpecies":{"Hoopoe":1},)"
               R"("elapsedSeconds":1.5,"warnings":["w"]}})"
+              "\n");
+}
+
+TEST(EventJson, TheTotalsOfASearchHoldEveryCountAndTheReason) {
+    SortEngine::FindFinished finished;
+    finished.lastProcessedIndex = 8;
+    finished.stopReason = StopReason::userCancelled();
+    FindResult& result = finished.result;
+    result.matched = 1;
+    result.scanned = 2;
+    result.lowConfidence = 3;
+    result.errors = 4;
+    result.processed = 5;
+    result.total = 6;
+    result.stopped = true;
+    result.elapsedSeconds = 1.5;
+    result.warnings = {"w"};
+    EXPECT_EQ(jsonLine(eventJson(finished)),
+              R"({"event":"findFinished","stopReason":"userCancelled","lastProcessedIndex":8,)"
+              R"("result":{"matched":1,"scanned":2,"lowConfidence":3,"errors":4,"processed":5,)"
+              R"("total":6,"stopped":true,"elapsedSeconds":1.5,"warnings":["w"]}})"
               "\n");
 }
 

@@ -26,6 +26,14 @@ TEST(Numbers, OnlyOneIsSingular) {
     EXPECT_EQ(counted(2, "file", "files"), "2 files");
 }
 
+TEST(Numbers, ANumberMayHaveAnExponent) {
+    EXPECT_EQ(parseNumber("1e-05"), 0.00001);
+    EXPECT_EQ(parseNumber("-0.12"), -0.12);
+    for (const char* const text : {"", " 1", "1 ", "+1", "0x10", "1e", "e5"}) {
+        EXPECT_EQ(parseNumber(text), std::nullopt) << text;
+    }
+}
+
 TEST(Numbers, OnlyAWholeDecimalIsRead) {
     EXPECT_EQ(parseDecimal("51.5"), 51.5);
     EXPECT_EQ(parseDecimal("-0.12"), -0.12);

@@ -54,6 +54,12 @@ TEST(ProgressLine, BeforeTheFirstFileThereIsNoRateAndNoTimeLeft) {
     EXPECT_EQ(lineIn({0, 120, 0, "a.jpg", false}, 79), "░░░░░░░░░░░░░░░░░░░░ 0/120  a.jpg");
 }
 
+TEST(ProgressLine, WhatAnEarlierPartDidDoesNotCountForTheSpeed) {
+    EXPECT_EQ(lineIn({90, 120, 7.5, "", false, 60}, 79),
+              "███████████████░░░░░ 90/120  4.0 photos/s  8s left");
+    EXPECT_EQ(lineIn({60, 120, 0, "a.jpg", false, 60}, 79), "██████████░░░░░░░░░░ 60/120  a.jpg");
+}
+
 TEST(ProgressLine, ALineWithoutAFileNameEndsWithTheTimeLeft) {
     EXPECT_EQ(lineIn({60, 120, 7.5, "", false}, 79),
               "██████████░░░░░░░░░░ 60/120  8.0 photos/s  8s left");

@@ -14,22 +14,23 @@ const IdentifiedSpecies hoopoe{{"Upupa_epops", 0.934}, {{"Upupa_epops", 0.934}}}
 
 TEST(Shot, AShotIsOneLineOfWords) {
     const std::string name = BirdClassifierLabels::displayName("Upupa_epops");
-    EXPECT_EQ(shotLine({"a.jpg", hoopoe, true, std::nullopt}),
-              "a.jpg: " + name + " 93% → " + name + "/");
-    EXPECT_EQ(shotLine({"a.jpg", hoopoe, false, std::nullopt}),
+    EXPECT_EQ(shotLine({"a.jpg", hoopoe, true, name}), "a.jpg: " + name + " 93% → " + name + "/");
+    EXPECT_EQ(shotLine({"a.jpg", hoopoe, false, "_Uncertain"}),
               "a.jpg: " + name + " 93% → _Uncertain/");
-    EXPECT_EQ(shotLine({"a.jpg", hoopoe, true, "no right"}), "✗ a.jpg: no right");
+    EXPECT_EQ(shotLine({"a.jpg", hoopoe, true, std::nullopt, "no right"}), "✗ a.jpg: no right");
 }
 
-TEST(Shot, ANameThatIsNoFolderNameIsToldAsTheFolderThatItGets) {
-    const IdentifiedSpecies slashed{{"no/label", 0.5}, {{"no/label", 0.5}}};
-    EXPECT_EQ(shotLine({"a.jpg", slashed, true, std::nullopt}), "a.jpg: No/Label 50% → No_Label/");
+TEST(Shot, AShotThatStaysWhereItIsHasNoFolder) {
+    const std::string name = BirdClassifierLabels::displayName("Upupa_epops");
+    EXPECT_EQ(shotLine({"a.jpg", hoopoe, true}), "a.jpg: " + name + " 93%");
+    EXPECT_EQ(shotLine({"a.jpg", hoopoe, false}), "a.jpg: " + name + " 93%, no confirmed call");
 }
 
 TEST(Shot, EachKindHasItsTone) {
-    EXPECT_EQ(toneOf({"a.jpg", hoopoe, true, std::nullopt}), Tone::accent);
-    EXPECT_EQ(toneOf({"a.jpg", hoopoe, false, std::nullopt}), Tone::subdued);
-    EXPECT_EQ(toneOf({"a.jpg", hoopoe, true, "no right"}), Tone::error);
+    EXPECT_EQ(toneOf({"a.jpg", hoopoe, true, "Hoopoe"}), Tone::accent);
+    EXPECT_EQ(toneOf({"a.jpg", hoopoe, false, "_Uncertain"}), Tone::subdued);
+    EXPECT_EQ(toneOf({"a.jpg", hoopoe, true}), Tone::subdued);
+    EXPECT_EQ(toneOf({"a.jpg", hoopoe, true, std::nullopt, "no right"}), Tone::error);
 }
 
 }  // namespace ornivo::cli

@@ -14,7 +14,7 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-SortRequest requestOf(Words words) {
+RunRequest requestOf(Words words) {
     CLI::App app;
     const SortArguments arguments(app);
     std::ranges::reverse(words);
@@ -31,8 +31,8 @@ std::string refusalOf(const Words& words) {
     return "accepted";
 }
 
-SortRequest plainRequest() {
-    SortRequest request;
+RunRequest plainRequest() {
+    RunRequest request;
     request.source = "in";
     request.destination = "out";
     request.options.confidence = 38;
@@ -41,8 +41,8 @@ SortRequest plainRequest() {
 
 /// The plain request with one thing changed.
 template <typename Change>
-SortRequest with(Change change) {
-    SortRequest request = plainRequest();
+RunRequest with(Change change) {
+    RunRequest request = plainRequest();
     change(request);
     return request;
 }
@@ -52,7 +52,7 @@ SortRequest with(Change change) {
 TEST(SortArguments, EachArgumentSetsItsOption) {
     struct Row {
         Words words;
-        SortRequest expected;
+        RunRequest expected;
     };
     const std::vector<Row> rows{
         {{}, plainRequest()},
@@ -61,6 +61,12 @@ TEST(SortArguments, EachArgumentSetsItsOption) {
         {{"--level", "confirmed"}, with([](auto& r) { r.options.confidence = 48; })},
         {{"--level", "probable"}, with([](auto& r) { r.options.confidence = 24; })},
         {{"--level", "possible"}, with([](auto& r) { r.options.confidence = 0; })},
+        {{"--bursts", "off"}, plainRequest()},
+        {{"--bursts", "confirmedOnly"},
+         with([](auto& r) { r.options.burstInheritance = BurstInheritance::confirmedOnly; })},
+        {{"--bursts", "confirmedAndCorrected"}, with([](auto& r) {
+             r.options.burstInheritance = BurstInheritance::confirmedAndCorrected;
+         })},
         {{"--rename"}, with([](auto& r) { r.options.rename = true; })},
         {{"--date-subfolders"}, with([](auto& r) { r.options.dateSubfolders = true; })},
         {{"--trash-originals"}, with([](auto& r) { r.options.mode = CopyMode::trashOriginal; })},
@@ -68,9 +74,9 @@ TEST(SortArguments, EachArgumentSetsItsOption) {
          with([](auto& r) { r.options.assumedLocation = PhotoLocation::make(51.5, -0.12); })},
         {{"--at", "-33.9,151.2"},
          with([](auto& r) { r.options.assumedLocation = PhotoLocation::make(-33.9, 151.2); })},
-        {{"--dry-run"}, with([](auto& r) { r.dryRun = true; })},
-        {{"--json"}, with([](auto& r) { r.json = true; })},
-        {{"--yes"}, with([](auto& r) { r.yes = true; })},
+        {{"--dry-run"}, with([](auto& r) { r.manner.dryRun = true; })},
+        {{"--json"}, with([](auto& r) { r.manner.json = true; })},
+        {{"--yes"}, with([](auto& r) { r.manner.yes = true; })},
     };
     for (const Row& row : rows) {
         Words after{"in", "out"};
@@ -110,6 +116,9 @@ TEST(SortArguments, ValuesThatMakeNoSenseAreRefusedInASentence) {
                  "--level takes confirmed, probable or possible; \"--json\" is none of them."},
              Row{{"--level", "probable", "--confidence", "38"},
                  "--confidence and --level say the same thing in two ways: give one."},
+             Row{{"--bursts", "on"},
+                 "--bursts takes off, confirmedOnly or confirmedAndCorrected; \"on\" is none of "
+                 "them."},
              Row{{"--at", "nowhere"},
                  "--at takes a latitude and a longitude in degrees, as in 51.5,-0.12; \"nowhere\" "
                  "is not that."},
@@ -128,7 +137,7 @@ TEST(SortArguments, TooFewAndTooManyFoldersAreNoCommand) {
 }
 
 TEST(SortArguments, ARegionIsAssumedByIdOrTypedPlaceAndTold) {
-    const SortRequest request = requestOf({"in", "out", "--region", "Kerala"});
+    const RunRequest request = requestOf({"in", "out", "--region", "Kerala"});
     EXPECT_TRUE(request.options.assumedLocation);
     EXPECT_EQ(request.placeNote.substr(0, 9), "Kerala \xE2\x86");
 }

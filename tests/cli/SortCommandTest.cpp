@@ -7,6 +7,8 @@
 
 #include "cli/OwnBundle.h"
 #include "cli/SortScene.h"
+#include "media/ImageDecoder.h"
+#include "support/Pictures.h"
 #include "support/PrivateTrash.h"
 #include "support/SmallDisk.h"
 
@@ -55,6 +57,35 @@ TEST_F(SortCommandTest, ABirdThatIsCalledGoesToTheFolderThatItsLineNames) {
     }
     EXPECT_GT(called, 0);
     EXPECT_THAT(ending.out, HasSubstr("✓ " + std::to_string(called) + " photos sorted"));
+}
+
+TEST_F(SortCommandTest, ABurstConfirmsAFrameOnlyIfAskedTo) {
+    const fs::path owl = sampleMedia() / "photos/IMG_4104.jpg";
+    if (sampleMedia().empty() || !fs::exists(owl)) GTEST_SKIP() << "no sample photographs";
+    // The same bird in haze: seen, but less surely.
+    const Bitmap clear = ImageDecoder::decodeCGImage(owl, 640)->image;
+    const auto hazy = painted(clear.width(), clear.height(), [&](int x, int y) {
+        const auto dimmed = [](std::uint8_t value) {
+            return static_cast<std::uint8_t>(128 + (value - 128) / 6);
+        };
+        const Colour colour = at(clear, x, y);
+        return Colour{dimmed(colour.red), dimmed(colour.green), dimmed(colour.blue)};
+    });
+    writeJpeg(scene.in / "IMG_0001.jpg", clear);
+    writeJpeg(scene.in / "IMG_0002.jpg", hazy);
+    writeJpeg(scene.in / "IMG_0003.jpg", clear);
+
+    const Ending plain = Program::run(scene.sorting({"--level", "confirmed"}));
+    EXPECT_THAT(plain.out, HasSubstr("✓ 2 photos sorted into bird folders\n? 1 moved"));
+    fs::remove_all(scene.out);
+    const Ending burst =
+        Program::run(scene.sorting({"--level", "confirmed", "--bursts", "confirmedOnly"}));
+    EXPECT_EQ(burst.code, 0);
+    EXPECT_THAT(burst.out,
+                HasSubstr("✓ 3 photos sorted into bird folders\n"
+                          "↳ 1 of those came from their burst, not their own confidence\n"
+                          "? 0 moved to _Uncertain/\n"));
+    EXPECT_EQ(SortScene::filesIn(scene.out / "Long-eared Owl").size(), 3U);
 }
 
 TEST_F(SortCommandTest, AFileThatFailsIsToldAndMakesTheExitCode1) {
@@ -123,8 +154,8 @@ TEST_F(SortCommandTest, OriginalsAreNotTrashedWithoutAWord) {
     const Ending ending = Program::run(scene.sorting({"--trash-originals"}));
     EXPECT_EQ(ending.code, 2);
     EXPECT_EQ(ending.err,
-              "--trash-originals moves your originals to the Trash, and there is no terminal to "
-              "ask on. Add --yes to go ahead.\n");
+              "Your originals are to go to the Trash, and there is no terminal to ask on. Add "
+              "--yes to go ahead.\n");
     EXPECT_TRUE(fs::exists(scene.in / "IMG_0001.jpg"));
     EXPECT_FALSE(fs::exists(scene.out));
 }
@@ -177,10 +208,10 @@ TEST_F(SortCommandTest, ANameTableWithOneLabelTooManyIsNamedByEachShot) {
 }
 
 TEST_F(SortCommandTest, AFullDiskEndsTheRunWithExitCode4AndSaysHowToGoOn) {
-    const auto disk = SmallDisk::mount(256 * 1024);
+    const auto disk = SmallDisk::mount(2 * 1024 * 1024);
     if (!disk) GTEST_SKIP() << "nothing can be mounted here";
     scene.addPhotos(1);
-    const std::string big(200 * 1024, 'x');
+    const std::string big(1400 * 1024, 'x');
     for (const char* const name : {"IMG_0002.jpg", "IMG_0003.jpg"}) {
         writeFile(scene.in / name, readFile(scene.in / "IMG_0001.jpg") + big);
     }
@@ -191,6 +222,9 @@ TEST_F(SortCommandTest, AFullDiskEndsTheRunWithExitCode4AndSaysHowToGoOn) {
                 HasSubstr("Stopped at photo 2 of 3 — Full is full\n"
                           "Free some space and resume — the rest are untouched in your source "
                           "folder\n"));
+    EXPECT_TRUE(
+        ending.out.ends_with("\nTo go on then: ornivo-cli resume " + destination.string() + "\n"))
+        << ending.out;
     EXPECT_THAT(ending.out, ::testing::Not(HasSubstr("IMG_0003.jpg")));
     EXPECT_EQ(SortScene::filesIn(scene.in).size(), 3U);
 }
@@ -200,7 +234,8 @@ TEST_F(SortCommandTest, AReaderThatGoesAwayDoesNotEndTheRun) {
     Program program(scene.sorting());
     program.closeOutput();
     EXPECT_EQ(program.finish().code, 0);
-    EXPECT_EQ(SortScene::filesIn(scene.out).size(), 31U) << "30 photographs and their list";
+    EXPECT_EQ(SortScene::filesIn(scene.out).size(), 32U)
+        << "30 photographs, their list and their page";
 }
 
 TEST_F(SortCommandTest, ARequestToStopEndsTheRunBetweenTwoFiles) {

@@ -71,7 +71,7 @@ TEST_F(SortJsonTest, ADryRunTellsItsPlanBeforeTheTotals) {
     scene.addPhotos(1);
     const auto objects = objectsIn(Program::run(scene.sorting({"--json", "--dry-run"})).out);
     EXPECT_THAT(eventsOf(objects), ::testing::ElementsAre("scan", "progress", "prediction", "plan",
-                                                          "plan", "sortFinished"));
+                                                          "plan", "plan", "sortFinished"));
     EXPECT_EQ(objects[3]["action"], "copy");
     EXPECT_EQ(objects[3]["from"], (scene.in / "IMG_0001.jpg").string());
     EXPECT_EQ(objects[3]["to"], (scene.out / "_Uncertain/IMG_0001.jpg").string());

@@ -15,7 +15,7 @@ SortResult resultOf(int sorted, int unidentified) {
 }
 
 std::vector<SummaryLine> summaryOf(const SortResult& result) {
-    return sortSummary(result, "Birds");
+    return summary(result, "Birds");
 }
 
 const SummaryLine sorted0{"✓ 0 photos sorted into bird folders", Tone::accent};
@@ -107,6 +107,57 @@ TEST(Summary, AFullDiskNamesTheDestinationAndSaysHowToGoOn) {
         noSpecies,
     };
     EXPECT_EQ(summaryOf(result), expected);
+}
+
+TEST(Summary, ASearchThatFoundNothingSaysSo) {
+    FindResult result;
+    result.elapsedSeconds = 42;
+    const std::vector<SummaryLine> expected{{"✓ 0 photos matched and copied", Tone::accent},
+                                            {"~ 0 scanned, no match", Tone::subdued},
+                                            {"42.0s", Tone::subdued}};
+    EXPECT_EQ(summary(result, "Birds"), expected);
+}
+
+TEST(Summary, EveryRowOfASearchWithEverythingStandsInItsPlace) {
+    FindResult result;
+    result.matched = 3;
+    result.scanned = 10;
+    result.lowConfidence = 5;
+    result.errors = 4;
+    result.processed = 21;
+    result.total = 50;
+    result.stopped = true;
+    result.stopReason = StopReason::diskFull();
+    result.warnings = {"a", "b", "c", "d"};
+    result.elapsedSeconds = 125.9;
+    const std::vector<SummaryLine> expected{
+        {"✓ 3 photos matched and copied", Tone::accent},
+        {"~ 7 scanned, no match", Tone::subdued},
+        {"5 photos had no confirmed call — accept probable calls?", Tone::warning},
+        {"✗ 4 errors", Tone::error},
+        {"a", Tone::warning},
+        {"b", Tone::warning},
+        {"c", Tone::warning},
+        {"+ 1 more", Tone::subdued},
+        {"Stopped at photo 21 of 50 — Birds is full", Tone::error},
+        {"Free some space and resume — the rest are untouched in your source folder",
+         Tone::subdued},
+        {"2m 5s", Tone::subdued},
+    };
+    EXPECT_EQ(summary(result, "Birds"), expected);
+}
+
+TEST(Summary, ASearchStoppedByTheUserHasNoStopLine) {
+    FindResult result;
+    result.stopped = true;
+    result.stopReason = StopReason::userCancelled();
+    EXPECT_EQ(summary(result, "Birds").size(), 3U);
+}
+
+TEST(Summary, WhatAnEarlierPartDidIsOneLine) {
+    const RunScope::EarlierPart earlier{.files = 20, .sorted = 12, .uncertain = 3};
+    EXPECT_EQ(earlierSummary(AppMode::sort, earlier), "Before that: 12 sorted · 3 to review");
+    EXPECT_EQ(earlierSummary(AppMode::find, earlier), "Before that: 20 photos processed");
 }
 
 TEST(Summary, ThreeWarningsAreAllShownAndAFourthIsCounted) {

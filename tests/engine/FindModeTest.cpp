@@ -211,7 +211,8 @@ TEST_F(FindMode, UncertainShotsAndTheirRowsAreLeftAsTheyWere) {
     scene_.input.options.burstInheritance = BurstInheritance::confirmedAndCorrected;
     scene_.picture("b.jpg", robin, 0.2);
     scene_.run();
-    EXPECT_EQ(scene_.filed(), (Names{"_Uncertain/a.jpg", "_Uncertain/review.csv"}));
+    EXPECT_EQ(scene_.filed(),
+              (Names{"_Uncertain/a.jpg", "_Uncertain/review.csv", "_Uncertain/review.html"}));
     EXPECT_EQ(scene_.contents("_Uncertain/review.csv"), csv);
     EXPECT_EQ(scene_.engine().reviewRows().size(), 1U);
 }

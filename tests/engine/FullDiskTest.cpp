@@ -30,6 +30,12 @@ protected:
         return path;
     }
 
+    /// Takes the last byte.
+    void fillUp() {
+        const std::string rest(static_cast<std::size_t>(disk_->freeBytes()), 'x');
+        std::ofstream(disk_->path() / "filler", std::ios::app) << rest;
+    }
+
     void makeRoom() { fs::remove(disk_->path() / "ballast"); }
 
     const std::unique_ptr<SmallDisk> disk_ = SmallDisk::mount(1 << 20);
@@ -78,6 +84,93 @@ TEST_F(FullDiskOfAMebibyte, AResumeInTheSameProcessGoesOnAtThatVeryFile) {
     EXPECT_EQ(report.sort().sorted, 8);
     EXPECT_EQ(report.sort().stopReason, StopReason::completed());
     EXPECT_EQ(scene_->filed().size(), 8U);
+}
+
+TEST_F(FullDiskOfAMebibyte, TheRecordAndThePageAreWrittenThoughNotAByteIsLeft) {
+    heavyPicture("a.jpg", 0.2);
+    heavyPicture("b.jpg", 0.2);
+    scene_->files().onAttempt([&](const FailingFiles::Attempt& attempt) {
+        const bool isSecond = attempt.operation == FailingFiles::Operation::copy &&
+                              attempt.path.filename() == "b.jpg";
+        if (isSecond) fillUp();
+    });
+    const auto report = scene_->run();
+    EXPECT_EQ(report.lines().back(), "finished diskFull, last 0");
+    const auto record = PausedRun::read(scene_->input.destination, scene_->files());
+    ASSERT_TRUE(record);
+    EXPECT_EQ(record->stoppedAtIndex, 1);
+    EXPECT_EQ(record->uncertainSoFar, 1);
+    EXPECT_NE(scene_->contents("_Uncertain/review.html").find("a.jpg"), std::string::npos);
+}
+
+TEST_F(FullDiskOfAMebibyte, ALongListHasItsRoomKeptToo) {
+    heavyPicture("a.jpg");
+    for (int i = 0; i < 200; ++i) {
+        scene_->input.paths.push_back(scene_->source() / (std::string(200, 'x') + ".jpg"));
+    }
+    scene_->files().onAttempt([&](const FailingFiles::Attempt& attempt) {
+        if (attempt.operation == FailingFiles::Operation::copy) fillUp();
+    });
+    EXPECT_EQ(scene_->run().lines().back(), "finished diskFull, last -1");
+    const auto record = PausedRun::read(scene_->input.destination, scene_->files());
+    ASSERT_TRUE(record);
+    EXPECT_EQ(record->sourcePaths.size(), 201U);
+}
+
+TEST_F(FullDiskOfAMebibyte, WithoutRoomForThePageThatOfTheRecordIsKeptAllTheSame) {
+    heavyPicture("a.jpg");
+    for (int i = 0; i < 1000; ++i) scene_->input.paths.push_back(scene_->source() / "x.jpg");
+    scene_->files().onAttempt([&](const FailingFiles::Attempt& attempt) {
+        if (attempt.operation == FailingFiles::Operation::copy) fillUp();
+    });
+    EXPECT_EQ(scene_->run().lines().back(), "finished diskFull, last -1");
+    EXPECT_TRUE(PausedRun::read(scene_->input.destination, scene_->files()));
+}
+
+TEST_F(FullDiskOfAMebibyte, ASearchKeepsNoRoomForCardsThatItNeverMakes) {
+    heavyPicture("a.jpg");
+    // Cards for all of them would take more than the disk has left.
+    for (int i = 0; i < 1000; ++i) scene_->input.paths.push_back(scene_->source() / "x.jpg");
+    scene_->input.mode = AppMode::find;
+    scene_->input.targetSpecies = {{"European Robin", ""}};
+    scene_->files().onAttempt([&](const FailingFiles::Attempt& attempt) {
+        if (attempt.operation == FailingFiles::Operation::copy) fillUp();
+    });
+    EXPECT_EQ(scene_->run().lines().back(), "finished diskFull, last -1");
+    const auto record = PausedRun::read(scene_->input.destination, scene_->files());
+    ASSERT_TRUE(record);
+    EXPECT_EQ(record->mode, "find");
+    EXPECT_EQ(record->sourcePaths.size(), 1001U);
+}
+
+TEST_F(FullDiskOfAMebibyte, ARunThatEndsGivesTheKeptRoomBack) {
+    const auto before = disk_->freeBytes();
+    scene_->junk("a.jpg");
+    scene_->run();
+    EXPECT_EQ(disk_->freeBytes(), before);
+}
+
+TEST_F(FullDiskOfAMebibyte, AfterTheResumeEverySourceIsInExactlyOnePlace) {
+    for (int i = 0; i < 8; ++i) {
+        heavyPicture("IMG_" + std::to_string(i) + ".jpg", i % 3 == 0 ? 0.2 : 0.9);
+        scene_->sidecar("IMG_" + std::to_string(i) + ".xmp");
+    }
+    ASSERT_EQ(scene_->run().sort().stopReason, StopReason::diskFull());
+    const auto record = PausedRun::read(scene_->input.destination, scene_->files());
+    ASSERT_TRUE(record);
+    makeRoom();
+    scene_->relaunch();
+    scene_->input.startIndex = static_cast<std::size_t>(record->stoppedAtIndex);
+    const auto report = scene_->run();
+    EXPECT_EQ(record->sortedSoFar + report.sort().sorted, 5);
+    EXPECT_EQ(record->uncertainSoFar + report.sort().unidentified, 3);
+    Names expected{"_Uncertain/review.csv", "_Uncertain/review.html"};
+    for (int i = 0; i < 8; ++i) {
+        const std::string stem =
+            (i % 3 == 0 ? "_Uncertain/IMG_" : "European Robin/IMG_") + std::to_string(i);
+        expected.insert({stem + ".jpg", stem + ".xmp"});
+    }
+    EXPECT_EQ(scene_->filed(), expected);
 }
 
 TEST_F(FullDiskOfAMebibyte, WithNoRoomForTheRecordTheRunEndsAllTheSame) {

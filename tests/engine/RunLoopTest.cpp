@@ -28,7 +28,7 @@ TEST(RunLoop, ARunTellsWhatItDoesFileByFile) {
                      "progress 2/3 c.jpg {Bald Eagle: 1} 1 uncertain",
                      "prediction Haliaeetus_leucocephalus 0.75", "finished completed, last 2"}));
     EXPECT_EQ(scene.filed(), (Names{"Bald Eagle/a.jpg", "Bald Eagle/c.jpg", "_Uncertain/b.jpg",
-                                    "_Uncertain/review.csv"}));
+                                    "_Uncertain/review.csv", "_Uncertain/review.html"}));
 
     SortResult expected;
     expected.sorted = 2;
@@ -66,8 +66,9 @@ TEST(RunLoop, AStartAtTheEndOfTheListFinishesWithTheCarriedTotals) {
     EXPECT_GE(report.sort().elapsedSeconds, expected.elapsedSeconds);
     expected.elapsedSeconds = report.sort().elapsedSeconds;
     EXPECT_EQ(report.sort(), expected);
-    EXPECT_EQ(scene.filed(), (Names{"European Robin/IMG_1.jpg", "European Robin/IMG_3.jpg",
-                                    "_Uncertain/IMG_2.jpg", "_Uncertain/review.csv"}));
+    EXPECT_EQ(scene.filed(),
+              (Names{"European Robin/IMG_1.jpg", "European Robin/IMG_3.jpg", "_Uncertain/IMG_2.jpg",
+                     "_Uncertain/review.csv", "_Uncertain/review.html"}));
 }
 
 TEST(RunLoop, ARawAndItsJpegAreOneShot) {

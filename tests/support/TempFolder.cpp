@@ -4,7 +4,8 @@
 #include <stdlib.h>
 
 #include <fstream>
-#include <iterator>
+#include <sstream>
+#include <utility>
 
 namespace ornivo::testing {
 
@@ -32,7 +33,9 @@ fs::path writeFile(const fs::path& path, std::string_view contents) {
 std::string readFile(const fs::path& path) {
     std::ifstream in(path, std::ios::binary);
     EXPECT_TRUE(in.good()) << path;
-    return {std::istreambuf_iterator<char>(in), {}};
+    std::ostringstream contents;
+    contents << in.rdbuf();
+    return std::move(contents).str();
 }
 
 fs::path sampleMedia() {

@@ -6,16 +6,30 @@ cd "$(dirname "$0")/../.."
 
 readonly purpose=${1:?run, test or bench}
 readonly onnxruntime=build/deps/onnxruntime
+readonly playwright=build/deps/playwright-core
 
 packages=(
     ccache cmake g++ ninja-build pkg-config
-    libcli11-dev libexiv2-dev libglib2.0-dev libicu-dev libraw-dev libssl-dev libtiff-dev
-    libvips-dev nlohmann-json3-dev
+    libavcodec-dev libavformat-dev libavutil-dev libcli11-dev libexiv2-dev libglib2.0-dev
+    libicu-dev libraw-dev libssl-dev libswscale-dev libtiff-dev libvips-dev nlohmann-json3-dev
+)
+# The window.
+packages+=(
+    libqt6svg6
+    qml6-module-qt-labs-folderlistmodel qml6-module-qtqml qml6-module-qtqml-models
+    qml6-module-qtqml-workerscript qml6-module-qtquick qml6-module-qtquick-controls
+    qml6-module-qtquick-dialogs qml6-module-qtquick-layouts qml6-module-qtquick-templates
+    qml6-module-qtquick-window qt6-base-dev qt6-declarative-dev qt6-wayland
+    qt6-xdgdesktopportal-platformtheme
 )
 case "$purpose" in
 run) ;;
-test) packages+=(libgmock-dev libgtest-dev python3) ;;
-bench) packages+=(libbenchmark-dev libgmock-dev libgtest-dev python3) ;;
+test)
+    packages+=(
+        btrfs-progs chromium dbus-daemon e2fsprogs ffmpeg libgmock-dev libgtest-dev nodejs python3 xfsprogs
+    )
+    ;;
+bench) packages+=(ffmpeg libbenchmark-dev libgmock-dev libgtest-dev python3) ;;
 *)
     echo "setup: There is no purpose named $purpose; run, test and bench are." >&2
     exit 2
@@ -49,15 +63,20 @@ install_packages() {
         fail "The packages could not be installed."
 }
 
+# What comes from npm: its name, the script beside this one that brings it, the folder it goes to.
+fetch() {
+    command -v npm >/dev/null || install_packages npm
+    echo "setup: about to fetch $1 into $3" >&2
+    "tools/setup/$2" "$3"
+}
+
 # The system's own ONNX Runtime where it has one (Debian 13 and later), otherwise a private copy.
 install_onnxruntime() {
     if apt-cache show libonnxruntime-dev >/dev/null 2>&1; then
         install_packages libonnxruntime-dev
         return
     fi
-    command -v npm >/dev/null || install_packages npm
-    echo "setup: about to fetch ONNX Runtime into $onnxruntime" >&2
-    tools/setup/onnxruntime.sh "$onnxruntime"
+    fetch "ONNX Runtime" onnxruntime.sh "$onnxruntime"
 }
 
 command -v apt-get >/dev/null ||
@@ -70,3 +89,6 @@ done
 [ ${#missing[@]} -eq 0 ] || install_packages "${missing[@]}"
 
 is_installed libonnxruntime-dev || [ -e "$onnxruntime/complete" ] || install_onnxruntime
+if [ "$purpose" = test ] && [ ! -e "$playwright/complete" ]; then
+    fetch playwright-core playwright.sh "$playwright"
+fi

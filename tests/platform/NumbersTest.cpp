@@ -1,4 +1,4 @@
-#include "engine/Numbers.h"
+#include "platform/Numbers.h"
 
 #include <gtest/gtest.h>
 
@@ -13,6 +13,13 @@ TEST(Numbers, PaddingFillsUpWithZerosAndCutsNothing) {
     EXPECT_EQ(paddedText(42, 3), "042");
     EXPECT_EQ(paddedText(999, 3), "999");
     EXPECT_EQ(paddedText(1000, 3), "1000");
+}
+
+TEST(Numbers, PlacesAfterThePointAreRoundedToTheNearest) {
+    EXPECT_EQ(fixedText(-33.899, 2), "-33.90");
+    EXPECT_EQ(fixedText(53.75, 0), "54");
+    EXPECT_EQ(fixedText(0.25, 1), "0.2");
+    EXPECT_EQ(fixedText(1e-11, 10), "0.0000000000");
 }
 
 TEST(Numbers, FourPlacesAreRounded) {

@@ -1,4 +1,4 @@
-#include "engine/Numbers.h"
+#include "platform/Numbers.h"
 
 #include <array>
 #include <charconv>
@@ -6,7 +6,7 @@
 namespace ornivo {
 namespace {
 
-/// Room for the longest text that a double has with four places.
+/// Room for the longest text that a double has with a few places.
 constexpr std::size_t longestText = 330;
 
 }  // namespace
@@ -16,10 +16,15 @@ std::string paddedText(int number, std::size_t digits) {
     return text.size() < digits ? std::string(digits - text.size(), '0') + text : text;
 }
 
-std::string fourPlaces(double number) {
+std::string fixedText(double number, int places) {
     std::array<char, longestText> text{};
-    const auto end = std::to_chars(text.begin(), text.end(), number, std::chars_format::fixed, 4);
+    const auto end =
+        std::to_chars(text.begin(), text.end(), number, std::chars_format::fixed, places);
     return {text.begin(), end.ptr};
+}
+
+std::string fourPlaces(double number) {
+    return fixedText(number, 4);
 }
 
 std::string shortestText(double number) {

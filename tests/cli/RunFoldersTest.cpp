@@ -1,4 +1,4 @@
-#include "cli/SortFolders.h"
+#include "cli/RunFolders.h"
 
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -33,7 +33,7 @@ std::string quoted(const fs::path& path) {
 
 }  // namespace
 
-class SortFoldersTest : public ::testing::Test {
+class RunFoldersTest : public ::testing::Test {
 protected:
     void SetUp() override { fs::create_directories(source); }
 
@@ -44,40 +44,40 @@ protected:
     fs::path destination = root / "out";
 };
 
-TEST_F(SortFoldersTest, ADestinationThatIsMissingIsAllRight) {
-    const SortFolders folders = resolveFolders(source, destination / "deep/down");
+TEST_F(RunFoldersTest, ADestinationThatIsMissingIsAllRight) {
+    const RunFolders folders = resolveFolders(source, destination / "deep/down");
     EXPECT_EQ(folders.source, source);
     EXPECT_EQ(folders.destination, destination / "deep/down");
     EXPECT_EQ(folders.destinationInSource, std::nullopt);
     EXPECT_FALSE(fs::exists(destination));
 }
 
-TEST_F(SortFoldersTest, NamesComeAbsoluteWithoutDotsSlashesAndLinks) {
+TEST_F(RunFoldersTest, NamesComeAbsoluteWithoutDotsSlashesAndLinks) {
     fs::create_directory_symlink(source, root / "link");
-    const SortFolders folders = resolveFolders(root / "link/", root / "in/.." / "out" / "." / "");
+    const RunFolders folders = resolveFolders(root / "link/", root / "in/.." / "out" / "." / "");
     EXPECT_EQ(folders.source, source);
     EXPECT_EQ(folders.destination, destination);
 }
 
-TEST_F(SortFoldersTest, ASourceThatIsMissingIsRefused) {
+TEST_F(RunFoldersTest, ASourceThatIsMissingIsRefused) {
     EXPECT_EQ(refusalOf(root / "none", destination),
               "There is no folder " + quoted(root / "none") + ".");
     EXPECT_EQ(refusalOf("", destination), "There is no folder \"\".");
 }
 
-TEST_F(SortFoldersTest, ASingleFileAsSourceIsRefusedInAFriendlyWay) {
+TEST_F(RunFoldersTest, ASingleFileAsSourceIsRefusedInAFriendlyWay) {
     const fs::path file = writeFile(source / "a.jpg", "x");
     EXPECT_EQ(refusalOf(file, destination),
               quoted(file) +
                   " is a file. Name the folder that it lies in: every photograph and clip of that "
-                  "folder is sorted.");
+                  "folder is taken.");
 }
 
-TEST_F(SortFoldersTest, ASourceOfAnotherKindIsRefused) {
+TEST_F(RunFoldersTest, ASourceOfAnotherKindIsRefused) {
     EXPECT_EQ(refusalOf("/dev/null", destination), "\"/dev/null\" is not a folder.");
 }
 
-TEST_F(SortFoldersTest, FoldersThatMayNotBeReadOrWrittenAreRefused) {
+TEST_F(RunFoldersTest, FoldersThatMayNotBeReadOrWrittenAreRefused) {
     if (geteuid() == 0) GTEST_SKIP() << "root may read and write everything";
     fs::create_directories(destination);
     fs::permissions(source, fs::perms::none);
@@ -90,32 +90,32 @@ TEST_F(SortFoldersTest, FoldersThatMayNotBeReadOrWrittenAreRefused) {
     fs::permissions(destination, fs::perms::owner_all);
 }
 
-TEST_F(SortFoldersTest, ADestinationOnAReadOnlyDiskIsRefused) {
+TEST_F(RunFoldersTest, ADestinationOnAReadOnlyDiskIsRefused) {
     const auto disk = SmallDisk::mount(65536);
     if (!disk || !disk->makeReadOnly()) GTEST_SKIP() << "nothing can be mounted here";
     EXPECT_EQ(refusalOf(source, *disk / "new"),
               "Nothing can be written in " + quoted(disk->path()) + ": Read-only file system.");
 }
 
-TEST_F(SortFoldersTest, ADestinationThatIsAFileOrLiesBelowOneIsRefused) {
+TEST_F(RunFoldersTest, ADestinationThatIsAFileOrLiesBelowOneIsRefused) {
     const fs::path file = writeFile(root / "taken", "x");
     const std::string sentence =
-        quoted(file) + " is not a folder, so nothing can be sorted into it.";
+        quoted(file) + " is not a folder, so nothing can be filed into it.";
     EXPECT_EQ(refusalOf(source, file), sentence);
     EXPECT_EQ(refusalOf(source, file / "below"), sentence);
 }
 
-TEST_F(SortFoldersTest, ALinkThatLeadsNowhereIsNoDestination) {
+TEST_F(RunFoldersTest, ALinkThatLeadsNowhereIsNoDestination) {
     fs::create_symlink(root / "none", root / "link");
     EXPECT_EQ(refusalOf(source, root / "link"),
-              quoted(root / "link") + " is not a folder, so nothing can be sorted into it.");
+              quoted(root / "link") + " is not a folder, so nothing can be filed into it.");
 }
 
-TEST_F(SortFoldersTest, OneFolderUnderTwoNamesIsRefused) {
+TEST_F(RunFoldersTest, OneFolderUnderTwoNamesIsRefused) {
     fs::create_directory_symlink(source, root / "link");
     const std::string sentence =
-        "The source and the destination are the same folder, so that what has been sorted would "
-        "be sorted again. Name another destination.";
+        "The source and the destination are the same folder, so that what has been filed would "
+        "be filed again. Name another destination.";
     EXPECT_EQ(refusalOf(source, source), sentence);
     EXPECT_EQ(refusalOf(source, source / ""), sentence);
     EXPECT_EQ(refusalOf(source, source / "sub/.."), sentence);
@@ -123,19 +123,19 @@ TEST_F(SortFoldersTest, OneFolderUnderTwoNamesIsRefused) {
     EXPECT_EQ(refusalOf(root / "link", source), sentence);
 }
 
-TEST_F(SortFoldersTest, ADestinationInsideTheSourceIsTold) {
+TEST_F(RunFoldersTest, ADestinationInsideTheSourceIsTold) {
     fs::create_directory_symlink(source, root / "link");
     EXPECT_EQ(resolveFolders(source, source / "sorted").destinationInSource, source / "sorted");
     EXPECT_EQ(resolveFolders(root / "link", source / "a/b").destinationInSource, source / "a/b");
     EXPECT_EQ(resolveFolders(source, root / "link/a").destinationInSource, source / "a");
 }
 
-TEST_F(SortFoldersTest, ADestinationAboveOrBesideTheSourceIsAllRight) {
+TEST_F(RunFoldersTest, ADestinationAboveOrBesideTheSourceIsAllRight) {
     EXPECT_EQ(resolveFolders(source, root).destinationInSource, std::nullopt);
     EXPECT_EQ(resolveFolders(source, root / "in2").destinationInSource, std::nullopt);
 }
 
-TEST_F(SortFoldersTest, FilesInAFolderAreLeftOutByWholeNames) {
+TEST_F(RunFoldersTest, FilesInAFolderAreLeftOutByWholeNames) {
     const std::vector<fs::path> files{"/in/a.jpg", "/in/sorted/b.jpg", "/in/sorted/x/c.jpg",
                                       "/in/sorted2/d.jpg", "/in/sorted.jpg"};
     EXPECT_EQ(filesOutside("/in/sorted", files),

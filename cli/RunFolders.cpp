@@ -1,4 +1,4 @@
-#include "cli/SortFolders.h"
+#include "cli/RunFolders.h"
 
 #include <unistd.h>
 
@@ -42,7 +42,7 @@ void checkSource(const fs::path& source) {
     if (fs::is_regular_file(status)) {
         throw UsageError(quoted(source) +
                          " is a file. Name the folder that it lies in: every photograph and clip "
-                         "of that folder is sorted.");
+                         "of that folder is taken.");
     }
     if (status.type() == fs::file_type::not_found) {
         throw UsageError("There is no folder " + quoted(source) + ".");
@@ -67,7 +67,7 @@ void checkDestination(const fs::path& destination) {
     const fs::path existing = nearestExisting(destination);
     std::error_code failure;
     if (!fs::is_directory(existing, failure)) {
-        throw UsageError(quoted(existing) + " is not a folder, so nothing can be sorted into it.");
+        throw UsageError(quoted(existing) + " is not a folder, so nothing can be filed into it.");
     }
     if (const int denied = accessFailure(existing, W_OK | X_OK)) {
         throw UsageError("Nothing can be written in " + quoted(existing) + ": " + reason(denied));
@@ -86,17 +86,21 @@ std::optional<fs::path> pathInside(const fs::path& folder, const fs::path& ances
 
 }  // namespace
 
-SortFolders resolveFolders(const fs::path& source, const fs::path& destination) {
+fs::path resolveSource(const fs::path& source) {
     checkSource(source);
-    SortFolders folders{resolved(source), resolved(destination), std::nullopt};
+    return resolved(source);
+}
+
+RunFolders resolveFolders(const fs::path& source, const fs::path& destination) {
+    RunFolders folders{resolveSource(source), resolved(destination), std::nullopt};
     checkDestination(folders.destination);
 
     const auto inside = pathInside(folders.destination, folders.source);
     if (!inside) return folders;
     if (*inside == ".") {
         throw UsageError(
-            "The source and the destination are the same folder, so that what has been sorted "
-            "would be sorted again. Name another destination.");
+            "The source and the destination are the same folder, so that what has been filed "
+            "would be filed again. Name another destination.");
     }
     folders.destinationInSource = folders.source / *inside;
     return folders;

@@ -1,0 +1,170 @@
+#include "platform/Clip.h"
+
+extern "C" {
+#include <libavcodec/packet.h>
+#include <libavformat/avformat.h>
+#include <libavutil/dict.h>
+#include <libavutil/mem.h>
+}
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <cstring>
+#include <span>
+#include <string_view>
+#include <utility>
+
+#include "platform/BitmapTransforms.h"
+#include "platform/DisplayMatrix.h"
+#include "platform/FrameConverter.h"
+
+namespace ornivo {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::chrono::minutes longestWork{2};
+
+/// Where the moment of capture stands: in the camera's words, in an editor's, in the movie header.
+constexpr std::array dateKeys{"com.apple.quicktime.creationdate", "date", "creation_time"};
+
+/// FFmpeg's own name for what stands under `ClipMetadataItem::userDataPosition`.
+constexpr std::string_view renamedPosition = "location";
+
+int hasPassed(void* deadline) {
+    const auto& time = *static_cast<const std::chrono::steady_clock::time_point*>(deadline);
+    return std::chrono::steady_clock::now() > time ? 1 : 0;
+}
+
+/// The file's headers, read as those of a clip whatever its contents look like. Nothing but files
+/// can be reached from it.
+ContainerHandle opened(const fs::path& file, const AVIOInterruptCB& interrupt) {
+    AVFormatContext* container = avformat_alloc_context();
+    if (!container) return nullptr;
+    container->interrupt_callback = interrupt;
+    container->protocol_whitelist = av_strdup("file");
+    const std::string address = "file:" + file.string();
+    // Frees the container when it fails.
+    const int status =
+        avformat_open_input(&container, address.c_str(), av_find_input_format("mov"), nullptr);
+    return ContainerHandle(status >= 0 ? container : nullptr);
+}
+
+/// The container's word on the shape of pixels goes before that of the pictures themselves.
+AVRational pixelAspectOf(const AVStream& stream, const AVFrame& frame) {
+    const bool isStated = stream.sample_aspect_ratio.num > 0;
+    return isStated ? stream.sample_aspect_ratio : frame.sample_aspect_ratio;
+}
+
+/// The stream of moving pictures; negative when there is none.
+int videoIn(AVFormatContext& container) {
+    const int found = av_find_best_stream(&container, AVMEDIA_TYPE_VIDEO, -1, -1, nullptr, 0);
+    if (found < 0) return found;
+    const bool isCover = (container.streams[found]->disposition & AV_DISPOSITION_ATTACHED_PIC) != 0;
+    return isCover ? -1 : found;
+}
+
+/// Nothing but this stream is read from now on; nothing at all if it is negative.
+void readOnly(AVFormatContext& container, int stream) {
+    for (unsigned i = 0; i < container.nb_streams; ++i) {
+        const bool isWanted = static_cast<int>(i) == stream;
+        container.streams[i]->discard = isWanted ? AVDISCARD_DEFAULT : AVDISCARD_ALL;
+    }
+}
+
+/// Goes through a clip that is written in fragments, of which the first headers know nothing, and
+/// passes over the pictures themselves.
+void readAllHeaders(AVFormatContext& container) {
+    readOnly(container, -1);
+    const PacketHandle packet = newPacket();
+    while (av_read_frame(&container, packet.get()) >= 0) av_packet_unref(packet.get());
+}
+
+std::optional<double> durationOf(AVFormatContext& container, int video) {
+    if (container.duration > 0) {
+        return static_cast<double>(container.duration) / AV_TIME_BASE;
+    }
+    if (video < 0) return std::nullopt;
+    readAllHeaders(container);
+    const AVStream& stream = *container.streams[video];
+    if (stream.duration <= 0) return std::nullopt;
+    return static_cast<double>(stream.duration) * av_q2d(stream.time_base);
+}
+
+/// The nine numbers that tell how the pictures stand on the screen; null when there are none.
+const std::uint8_t* displayMatrixOf(const AVStream& stream) {
+#if LIBAVFORMAT_VERSION_INT >= AV_VERSION_INT(60, 15, 100)
+    const AVCodecParameters& parameters = *stream.codecpar;
+    const AVPacketSideData* found = av_packet_side_data_get(
+        parameters.coded_side_data, parameters.nb_coded_side_data, AV_PKT_DATA_DISPLAYMATRIX);
+    return found && found->size >= 9 * sizeof(std::int32_t) ? found->data : nullptr;
+#else
+    std::size_t size = 0;
+    const auto* data = av_stream_get_side_data(&stream, AV_PKT_DATA_DISPLAYMATRIX, &size);
+    return data && size >= 9 * sizeof(std::int32_t) ? data : nullptr;
+#endif
+}
+
+std::uint32_t orientationIn(const AVStream& stream) {
+    constexpr std::uint32_t upright = 1;
+    const std::uint8_t* data = displayMatrixOf(stream);
+    if (!data) return upright;
+    std::array<std::int32_t, 9> matrix{};
+    std::memcpy(matrix.data(), data, sizeof matrix);
+    return orientationOf(std::span<const std::int32_t, 9>(matrix));
+}
+
+}  // namespace
+
+std::optional<Clip> Clip::open(const fs::path& file) {
+    std::error_code ignored;
+    if (!fs::is_regular_file(file, ignored)) return std::nullopt;
+    startFFmpeg();
+    auto deadline = std::make_unique<Clock::time_point>(Clock::now() + longestWork);
+    auto container = opened(file, {hasPassed, deadline.get()});
+    if (!container) return std::nullopt;
+    return Clip(std::move(deadline), std::move(container));
+}
+
+Clip::Clip(std::unique_ptr<const Clock::time_point> deadline, ContainerHandle container)
+    : deadline_(std::move(deadline)),
+      container_(std::move(container)),
+      video_(videoIn(*container_)),
+      duration_(durationOf(*container_, video_)) {
+    readOnly(*container_, video_);
+    if (hasVideo()) frames_ = ClipFrames::of(*container_, video_);
+}
+
+std::optional<Bitmap> Clip::frame(const FrameTime& time, int maxDimension) {
+    const AVFrame* found = frames_ ? frames_->find(time) : nullptr;
+    if (!found) return std::nullopt;
+    const AVStream& stream = *container_->streams[video_];
+    const double pixelAspect = av_q2d(pixelAspectOf(stream, *found));
+    const auto stored = bitmapOf(*found, pixelAspect, maxDimension);
+    return stored ? std::optional(upright(*stored, orientationIn(stream))) : std::nullopt;
+}
+
+std::vector<std::string> Clip::creationDates() const {
+    std::vector<std::string> dates;
+    for (const char* key : dateKeys) {
+        const AVDictionaryEntry* found =
+            av_dict_get(container_->metadata, key, nullptr, AV_DICT_MATCH_CASE);
+        if (found) dates.emplace_back(found->value);
+    }
+    return dates;
+}
+
+std::vector<ClipMetadataItem> Clip::metadata() const {
+    std::vector<ClipMetadataItem> items;
+    const AVDictionaryEntry* entry = nullptr;
+    while ((entry = av_dict_get(container_->metadata, "", entry, AV_DICT_IGNORE_SUFFIX))) {
+        const bool isRenamed = entry->key == renamedPosition;
+        items.push_back(
+            {isRenamed ? ClipMetadataItem::userDataPosition : entry->key, entry->value});
+    }
+    return items;
+}
+
+}  // namespace ornivo
