@@ -1,0 +1,46 @@
+#include "app/presentation/FoldersText.h"
+
+#include "app/presentation/ScreenTexts.h"
+#include "platform/GroupedNumber.h"
+
+namespace ornivo::app {
+namespace {
+
+using Tone = TonedText::Tone;
+
+Tone toneOf(SpaceEstimate::Verdict verdict) {
+    switch (verdict) {
+        case SpaceEstimate::Verdict::clones:
+            return Tone::Accent;
+        case SpaceEstimate::Verdict::fits:
+            return Tone::Subtext;
+        case SpaceEstimate::Verdict::tight:
+            return Tone::Warn;
+        case SpaceEstimate::Verdict::doesNotFit:
+            return Tone::Error;
+    }
+    return Tone::Subtext;
+}
+
+}  // namespace
+
+TonedText sourceStatus(const SourceState& state, const std::string& locale) {
+    if (state.isScanning) return {QStringLiteral("Scanning…"), Tone::Subtext};
+    if (!state.refusal.isEmpty()) return {state.refusal, Tone::Warn};
+    if (!state.found) return {};
+    if (*state.found == 0) return {QStringLiteral("No photos found"), Tone::Warn};
+    return {shown(groupedNumber(*state.found, locale)) +
+                QStringLiteral(" photos found (including subfolders)"),
+            Tone::Accent};
+}
+
+TonedText spaceAdvice(const std::optional<SpaceEstimate>& estimate, const std::string& locale) {
+    if (!estimate) return {};
+    return {shown(estimate->advice(locale)), toneOf(estimate->verdict)};
+}
+
+QString shownPath(const std::optional<std::filesystem::path>& folder) {
+    return folder ? shown(folder->string()) : QString();
+}
+
+}  // namespace ornivo::app

@@ -1,0 +1,28 @@
+#include "app/presentation/ScreenTexts.h"
+
+#include <cmath>
+
+#include "platform/Paths.h"
+
+namespace ornivo::app {
+
+QString shown(const std::string& text) {
+    return QString::fromStdString(text);
+}
+
+QString shownName(const std::filesystem::path& path) {
+    return shown(lastPathComponent(path));
+}
+
+int percentage(int part, int whole) {
+    if (whole < 1) return 0;
+    return static_cast<int>(std::lround(100.0 * part / whole));
+}
+
+QString timeLabel(double seconds) {
+    if (seconds < 60) return QStringLiteral("%1s").arg(seconds, 0, 'f', 1);
+    const auto whole = static_cast<qint64>(seconds);
+    return QStringLiteral("%1m %2s").arg(whole / 60).arg(whole % 60);
+}
+
+}  // namespace ornivo::app

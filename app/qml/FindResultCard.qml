@@ -1,0 +1,6 @@
+import Ornivo
+
+// What a search did.
+ResultCard {
+    title: "Search Result"
+}

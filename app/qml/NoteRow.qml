@@ -1,0 +1,7 @@
+import QtQuick
+import Ornivo
+
+// Something to know, beside its symbol.
+SymbolText {
+    color: Theme.fsSubtext
+}

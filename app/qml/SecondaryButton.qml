@@ -1,0 +1,6 @@
+import Ornivo
+
+// Anything else that can be done.
+FSButton {
+    outline: Theme.fsBorder
+}

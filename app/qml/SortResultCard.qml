@@ -1,0 +1,6 @@
+import Ornivo
+
+// What a sort did.
+ResultCard {
+    title: "Sort Result"
+}

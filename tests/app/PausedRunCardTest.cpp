@@ -1,0 +1,111 @@
+#include <gtest/gtest.h>
+
+#include "app/ScreenScene.h"
+
+namespace ornivo::app {
+namespace {
+
+using namespace ornivo::testing;
+namespace fs = std::filesystem;
+
+class PausedRunCard : public ::testing::Test {
+protected:
+    static PausedRun stoppedRun() {
+        PausedRun record;
+        record.sourcePaths = {"/media/card/DCIM/a.jpg", "/media/card/DCIM/b.jpg"};
+        record.destination = "/media/nas/Birds";
+        record.mode = "sort";
+        record.copyMode = "keep";
+        record.burstInheritance = "off";
+        record.gate = 0.5375;
+        record.totalPhotos = 4;
+        record.stoppedAtIndex = 1;
+        record.sortedSoFar = 1;
+        return record;
+    }
+    void leave(const PausedRun& record) {
+        fs::create_directories(screen_.scene.sink());
+        ASSERT_TRUE(record.write(screen_.scene.sink(), screen_.scene.run.files()));
+    }
+    AppStore& store() { return screen_.store(); }
+
+    ScreenScene screen_;
+};
+
+TEST_F(PausedRunCard, SaysWhatThereIsToGoOnWith) {
+    leave(stoppedRun());
+    EXPECT_FALSE(screen_.isShown("pausedRunSlot"));
+    store().setSink(screen_.scene.sink());
+    EXPECT_EQ(
+        screen_.texts("pausedRunSlot"),
+        (QStringList{"Paused Run", "3 photos left to sort into Birds",
+                     "Birds ran out of space partway through. Free some room and resume. Nothing "
+                     "was moved — these photos are still where you left them.",
+                     "From", "a.jpg, b.jpg", "To", "Birds", "Calls", "Custom · files at 54%",
+                     "Done so far", "1 sorted · 0 to review", "Resume sorting", "Discard"}));
+    screen_.picture("paused-run");
+}
+
+TEST_F(PausedRunCard, WarnsOfOtherOptionsAndTakesItBack) {
+    leave(stoppedRun());
+    store().setSink(screen_.scene.sink());
+    EXPECT_FALSE(screen_.isShown("pausedMismatch"));
+    store().setOriginals(AppStore::Originals::Trash);
+    EXPECT_EQ(screen_.text("pausedMismatch"),
+              "Your current options differ from the paused run. Resuming uses the paused settings, "
+              "so the folder stays consistent.");
+    EXPECT_TRUE(screen_.isOn("Resume sorting"));
+    screen_.picture("paused-run-mismatch");
+    store().setOriginals(AppStore::Originals::Keep);
+    EXPECT_FALSE(screen_.isShown("pausedMismatch"));
+}
+
+TEST_F(PausedRunCard, IsBroughtIntoSight) {
+    leave(stoppedRun());
+    screen_.resize(720, 560);
+    screen_.scene.pictures(1);
+    screen_.scene.chooseFolders();
+    EXPECT_TRUE(waitUntil([&] { return screen_.isInSight("pausedRunSlot"); }));
+}
+
+TEST_F(PausedRunCard, GoesAfterDiscard) {
+    leave(stoppedRun());
+    store().setSink(screen_.scene.sink());
+    screen_.click("Discard");
+    EXPECT_FALSE(screen_.isShown("pausedRunSlot"));
+    EXPECT_FALSE(fs::exists(PausedRun::manifestURL(screen_.scene.sink())));
+}
+
+TEST_F(PausedRunCard, ShowsForAnotherSourceToo) {
+    leave(stoppedRun());
+    screen_.scene.pictures(1);
+    screen_.scene.chooseFolders();
+    EXPECT_TRUE(screen_.isShown("pausedRunSlot"));
+    EXPECT_EQ(screen_.texts("pausedFrom"), (QStringList{"From", "a.jpg, b.jpg"}));
+}
+
+TEST_F(PausedRunCard, ResumesAndDoesntComeBackAfterTheEnd) {
+    leave(stoppedRun());
+    screen_.scene.pictures(4);
+    screen_.scene.chooseFolders();
+    screen_.click("Resume sorting");
+    EXPECT_EQ(store().jobState(), JobState::running);
+    EXPECT_FALSE(screen_.isShown("pausedRunSlot"));
+    ASSERT_TRUE(screen_.scene.waitForEnd());
+    EXPECT_FALSE(screen_.isShown("pausedRunSlot"));
+    EXPECT_FALSE(fs::exists(PausedRun::manifestURL(screen_.scene.sink())));
+}
+
+TEST_F(PausedRunCard, OfAHugeRunIsAsQuick) {
+    PausedRun record = stoppedRun();
+    record.sourcePaths.assign(20000, "/media/card/DCIM/IMG_0001.JPG");
+    leave(record);
+    store().setSink(screen_.scene.sink());
+    QQuickItem* const names = screen_.find("pausedFrom");
+    ASSERT_TRUE(names);
+    EXPECT_LT(names->height(), 80);
+    screen_.picture("paused-run-huge");
+}
+
+}  // namespace
+}  // namespace ornivo::app

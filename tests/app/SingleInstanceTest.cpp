@@ -1,0 +1,86 @@
+#include "app/SingleInstance.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <thread>
+
+#include "app/StoreScene.h"
+
+namespace ornivo::app {
+namespace {
+
+using namespace ornivo::testing;
+using Request = SingleInstance::Request;
+
+class SingleInstanceTest : public ::testing::Test {
+protected:
+    QString folder() const { return QString::fromStdString(folder_.path().string()); }
+
+    /// Hands over from another thread, as another process would, while the first one works.
+    bool handOver(const Request& request) {
+        bool wasTaken = false;
+        std::atomic<bool> isDone = false;
+        std::jthread later([&] {
+            wasTaken = SingleInstance(folder()).handOver(request);
+            isDone = true;
+        });
+        EXPECT_TRUE(waitUntil([&] { return isDone.load(); }));
+        return wasTaken;
+    }
+
+    TempFolder folder_;
+};
+
+TEST_F(SingleInstanceTest, TheFirstGetsWhatLaterOnesWereGiven) {
+    SingleInstance first(folder());
+    std::vector<Request> requests;
+    QObject::connect(&first, &SingleInstance::requested,
+                     [&](const Request& request) { requests.push_back(request); });
+    ASSERT_TRUE(first.claim());
+    EXPECT_FALSE(SingleInstance(folder()).claim());
+
+    const Request full{{"/a", "/no UTF-8 \xFF\n"}, "token_TIME0"};
+    EXPECT_TRUE(handOver(full));
+    EXPECT_TRUE(handOver({}));
+    ASSERT_TRUE(waitUntil([&] { return requests.size() == 2; }));
+    EXPECT_EQ(requests, (std::vector{full, Request()}));
+}
+
+TEST_F(SingleInstanceTest, AfterTheFirstHasLetGoTheNextIsTheFirst) {
+    SingleInstance first(folder());
+    ASSERT_TRUE(first.claim());
+    first.release();
+    SingleInstance second(folder());
+    EXPECT_TRUE(second.claim());
+}
+
+TEST_F(SingleInstanceTest, WhatACrashLeftBehindIsNoFirst) {
+    writeFile(folder_ / "ornivo.socket", "");
+    writeFile(folder_ / "ornivo.lock", "999999999\nornivo\nelsewhere\n");
+    SingleInstance instance(folder());
+    EXPECT_FALSE(instance.handOver({}));
+    std::filesystem::remove(folder_ / "ornivo.lock");
+    EXPECT_TRUE(instance.claim());
+    EXPECT_TRUE(handOver({}));
+}
+
+TEST_F(SingleInstanceTest, WhereNothingCanBeWrittenEachIsOnItsOwn) {
+    SingleInstance instance(QStringLiteral("/proc/no such folder"));
+    EXPECT_TRUE(instance.claim());
+    EXPECT_FALSE(instance.handOver({}));
+}
+
+TEST_F(SingleInstanceTest, ARequestOfRelativePathsHoldsNoFolders) {
+    SingleInstance first(folder());
+    std::vector<Request> requests;
+    QObject::connect(&first, &SingleInstance::requested,
+                     [&](const Request& request) { requests.push_back(request); });
+    ASSERT_TRUE(first.claim());
+    EXPECT_TRUE(handOver({{"../a", "/b"}, {}}));
+    ASSERT_TRUE(waitUntil([&] { return !requests.empty(); }));
+    EXPECT_EQ(requests.front(), (Request{{"/b"}, {}}));
+}
+
+}  // namespace
+}  // namespace ornivo::app
