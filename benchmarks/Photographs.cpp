@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdint>
 #include <string>
+#include <utility>
 
 #include "support/Pictures.h"
 
@@ -31,7 +32,9 @@ Bitmap detailed() {
 }  // namespace
 
 Photographs::Photographs(std::size_t count) {
-    const auto first = testing::writeJpeg(folder_ / "IMG_0.jpg", detailed());
+    const testing::Exif facts{
+        .dateTimeOriginal = "2026:05:17 08:31:02", .position = std::pair(56.1, 10.2), .iso = 800};
+    const auto first = testing::writeJpeg(folder_ / "IMG_0.jpg", detailed(), {.exif = facts});
     files_.push_back(first);
     while (files_.size() < count) {
         files_.push_back(folder_ / ("IMG_" + std::to_string(files_.size()) + ".jpg"));
