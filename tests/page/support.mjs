@@ -36,6 +36,9 @@ export const GUESSES = [ROBIN, WREN, DUNNOCK];
 /** Rows with the names given and the same three guesses each. */
 export const rowsNamed = (...names) => names.map((name) => [name, GUESSES]);
 
+/** In milliseconds. Stops a test that hangs; a busy machine takes seconds to open a page. */
+const PATIENCE = 120000;
+
 let browser;
 const folders = [];
 const contexts = [];
@@ -80,7 +83,7 @@ export function reviewFolder(rows, gate = 0.85) {
 /** A person's browser: what it keeps, it keeps from page to page. */
 export async function newBrowser(settings = {}) {
   const context = await browser.newContext({ ...SETTINGS, ...settings });
-  context.setDefaultTimeout(10000);
+  context.setDefaultTimeout(PATIENCE);
   contexts.push(context);
   return context;
 }
