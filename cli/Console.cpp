@@ -3,11 +3,10 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
-#include <array>
 #include <cerrno>
 #include <cstdlib>
 
-#include "platform/Error.h"
+#include "cli/Input.h"
 
 namespace ornivo::cli {
 
@@ -94,15 +93,7 @@ int Console::columns() const {
 }
 
 std::string Console::readAll() {
-    std::string text;
-    std::array<char, 64 * 1024> buffer{};
-    while (true) {
-        const ssize_t count = ::read(in_, buffer.data(), buffer.size());
-        if (count < 0 && errno == EINTR) continue;
-        if (count < 0) throw Error::posix(errno, "The standard input can't be read");
-        if (count == 0) return text;
-        text.append(buffer.data(), static_cast<std::size_t>(count));
-    }
+    return readToEnd(in_, "The standard input can't be read");
 }
 
 bool Console::confirm(std::string_view question) {

@@ -1,11 +1,12 @@
 #include "cli/FileDecisionsCommand.h"
 
-#include <filesystem>
+#include <string_view>
 #include <vector>
 
 #include "cli/CommandHelp.h"
 #include "cli/EventJson.h"
 #include "cli/ExistingFolder.h"
+#include "cli/Input.h"
 #include "cli/TerminalText.h"
 #include "cli/UsageError.h"
 #include "platform/Error.h"
@@ -46,6 +47,13 @@ void printJson(Console& console, std::size_t decisions, const Outcome& outcome) 
                             {"folders", outcome.folders}}));
 }
 
+/// Spreadsheets write a mark before the text that would become part of the first name.
+std::string_view withoutByteOrderMark(std::string_view text) {
+    constexpr std::string_view mark = "\xEF\xBB\xBF";
+    if (text.starts_with(mark)) text.remove_prefix(mark.size());
+    return text;
+}
+
 }  // namespace
 
 FileDecisionsCommand::FileDecisionsCommand(CLI::App& parent)
@@ -70,16 +78,16 @@ std::string FileDecisionsCommand::pastedText(Console& console) const {
         return console.readAll();
     }
     try {
-        return Files::system()->read(file_);
+        return readTypedPath(file_, "No decisions could be read from " + file_);
     } catch (const Error& error) {
-        throw UsageError("No decisions could be read from " + file_ + ": " +
-                         error.localizedDescription() + ".");
+        throw UsageError(error.localizedDescription() + ".");
     }
 }
 
 ExitCode FileDecisionsCommand::run(Console& console) {
     const auto destination = existingFolder(destination_);
-    const auto decisions = ReviewDecisions::parse(pastedText(console));
+    const std::string text = pastedText(console);
+    const auto decisions = ReviewDecisions::parse(withoutByteOrderMark(text));
     const bool isNothing = decisions.empty();
     const Outcome outcome =
         isNothing ? Outcome{} : ReviewDecisions::apply(decisions, destination, *Files::system());

@@ -1,8 +1,10 @@
 #include "cli/FileDecisionsCommand.h"
 
 #include <gmock/gmock.h>
+#include <sys/stat.h>
 
 #include <nlohmann/json.hpp>
+#include <thread>
 
 #include "cli/ResumeCommandLine.h"
 #include "cli/SortScene.h"
@@ -68,6 +70,37 @@ TEST_F(FileDecisionsCommandTest, TheTextMayComeThroughTheStandardInput) {
         EXPECT_EQ(readFile(scene.out / "Hoopoe/b.jpg"), "b.jpg");
         fs::rename(scene.out / "Hoopoe/b.jpg", scene.out / "_Uncertain/b.jpg");
     }
+}
+
+TEST_F(FileDecisionsCommandTest, ThePathMayBeALinkToTheList) {
+    fs::create_symlink(paste("b.jpg,Hoopoe"), scene.in / "link");
+    const Ending ending = fileFrom(scene.in / "link");
+    EXPECT_EQ(ending.err, "");
+    EXPECT_EQ(ending.out, "Filed 1 photo into 1 folder.\n");
+}
+
+TEST_F(FileDecisionsCommandTest, ThePathMayBeAPipe) {
+    const fs::path pipe = scene.in / "pipe";
+    fs::create_directories(scene.in);
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    const std::jthread writer([&] { writeFile(pipe, "b.jpg,Hoopoe"); });
+    const Ending ending = fileFrom(pipe);
+    EXPECT_EQ(ending.err, "");
+    EXPECT_EQ(ending.out, "Filed 1 photo into 1 folder.\n");
+}
+
+TEST_F(FileDecisionsCommandTest, ThePathMayBeThatOfTheStandardInput) {
+    const Ending ending = pipeFrom(paste("b.jpg,Hoopoe"), " /dev/stdin");
+    EXPECT_EQ(ending.err, "");
+    EXPECT_EQ(ending.out, "Filed 1 photo into 1 folder.\n");
+}
+
+TEST_F(FileDecisionsCommandTest, AByteOrderMarkIsNoPartOfTheFirstName) {
+    const Ending ending =
+        fileFrom(paste("\xEF\xBB\xBF"
+                       "b.jpg,Hoopoe\r\na.jpg,Wryneck\r\n"));
+    EXPECT_EQ(ending.out, "Filed 2 photos into 2 folders.\n");
+    EXPECT_EQ(ending.code, 0);
 }
 
 TEST_F(FileDecisionsCommandTest, WhatWasNotFoundOrNotMovedIsNamedSafely) {
@@ -137,10 +170,13 @@ TEST_F(FileDecisionsCommandTest, OnATerminalItIsSaidWhatIsExpected) {
 }
 
 TEST_F(FileDecisionsCommandTest, AFileOrAFolderThatCanNotBeReadIsExitCode2) {
-    const Ending noFile = fileFrom(scene.in / "none");
-    EXPECT_EQ(noFile.code, 2);
-    EXPECT_THAT(noFile.err, ::testing::StartsWith("No decisions could be read from " +
-                                                  (scene.in / "none").string() + ": "));
+    for (const auto& [file, reason] : {std::pair(scene.in / "none", "No such file or directory"),
+                                       std::pair(scene.out, "Is a directory")}) {
+        const Ending ending = fileFrom(file);
+        EXPECT_EQ(ending.code, 2);
+        EXPECT_EQ(ending.err,
+                  "No decisions could be read from " + file.string() + ": " + reason + ".\n");
+    }
     const Ending noFolder =
         Program::run({"file-decisions", (scene.out / "none").string(), paste("b.jpg,a").string()});
     EXPECT_EQ(noFolder.code, 2);
