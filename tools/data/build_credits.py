@@ -1,9 +1,13 @@
 #!/usr/bin/env python3
 """Builds credits.json: whose photographs, software and facts the application rests on.
 
-We hold no list of the photographers' names, so the roster stays empty and pending; nobody is named
-who is not known to us.
+The names of the photographers come from --roster, a file with one on each line. Without it nobody is
+named, and the roster is pending. --doi tells under which DOI the training pictures are registered
+with GBIF.
 """
+
+import re
+from pathlib import Path
 
 from common import (
     HERE,
@@ -23,10 +27,11 @@ NOTE = (
     "it further. Not all of them carry an open licence: the terms are given as published, and "
     "where none were published, that is said. None of the pictures is shipped."
 )
-CITATION = (
+UNREGISTERED = (
     "No derived dataset was registered with GBIF, and so there is no DOI to cite: the training "
     "pictures came from the sources listed here, not from a GBIF download."
 )
+REGISTERED = "The training pictures are registered with GBIF as a derived dataset."
 SOURCE_TEXTS = ("id", "name", "holder")
 COMPONENT_TEXTS = ("name", "role", "holder", "license", "citation", "url")
 
@@ -80,22 +85,35 @@ def check_facts(rows, readme):
         require(not name or name in readme, f"The facts do not name {name} as their source.")
 
 
-def payload(sources, components, generated):
-    """The whole file."""
+def names_of(text):
+    """The names of a roster, in its order."""
+    names = [line.strip() for line in text.splitlines() if line.strip()]
+    require(names, "The roster names nobody.")
+    return names
+
+
+def citation_of(doi):
+    """How to cite the training pictures; `doi` is empty where they have none."""
+    require(not doi or re.fullmatch(r"10\.\d{4,9}/\S+", doi), f"{doi} is no DOI.")
+    return {"doi": doi, "text": REGISTERED if doi else UNREGISTERED}
+
+
+def payload(sources, components, generated, photographers=(), doi=""):
+    """The whole file. Without `photographers` the roster is pending."""
     check_no_doubles(sources, "id")
     check_no_doubles(components, "name")
     return {
         "version": VERSION,
         "generated": generated,
-        "roster_status": "pending",
+        "roster_status": "complete" if photographers else "pending",
         "training": {
             "images_total": sum(source["images"] for source in sources),
             "sources": sources,
             "note": NOTE,
         },
-        "gbif_citation": {"doi": "", "text": CITATION},
+        "gbif_citation": citation_of(doi),
         "components": components,
-        "photographers": [],
+        "photographers": list(photographers),
     }
 
 
@@ -122,6 +140,8 @@ def payload_text(credits):
 def main():
     parser = facts_parser(__doc__.splitlines()[0])
     parser.add_argument("--generated", default=FACTS_DATE, help="the date told in the file")
+    parser.add_argument("--roster", type=Path, help="the photographers' names, one on each line")
+    parser.add_argument("--doi", default="", help="the DOI of the training pictures")
     arguments = parser.parse_args()
     component_rows = read_csv(HERE / "credits_components.csv")
     check_facts(component_rows, (arguments.facts / "README.md").read_text(encoding="utf-8"))
@@ -129,11 +149,14 @@ def main():
         [source_from(row) for row in read_csv(HERE / "credits_sources.csv")],
         [component_from(row) for row in component_rows],
         arguments.generated,
+        names_of(arguments.roster.read_text(encoding="utf-8")) if arguments.roster else (),
+        arguments.doi,
     )
     write_text(arguments.output / "credits.json", payload_text(credits))
     print(
         f"{credits['training']['images_total']} training images of "
-        f"{len(credits['training']['sources'])} sources, {len(credits['components'])} components"
+        f"{len(credits['training']['sources'])} sources, {len(credits['components'])} components, "
+        f"{len(credits['photographers'])} photographers"
     )
 
 

@@ -3,8 +3,10 @@ import unittest
 
 from build_credits import (
     check_facts,
+    citation_of,
     component_from,
     licences_of,
+    names_of,
     payload,
     payload_text,
     source_from,
@@ -67,6 +69,14 @@ class Refusals(unittest.TestCase):
             "libvips is credited twice.", payload, [], [component, component], "2026-01-01"
         )
 
+    def test_of_a_roster_that_names_nobody(self):
+        for text in ("", " \n\n"):
+            self.assert_refused("The roster names nobody.", names_of, text)
+
+    def test_of_what_is_no_doi(self):
+        for text in ("dd.abc", "10.15468", "10.15468/", "https://doi.org/10.15468/dd.abc", " "):
+            self.assert_refused(f"{text} is no DOI.", citation_of, text)
+
     def test_of_a_source_that_the_facts_do_not_name(self):
         self.assert_refused(
             "The facts do not name AVONET as their source.",
@@ -108,6 +118,23 @@ class ThePayload(unittest.TestCase):
         self.assertEqual(self.credits["photographers"], [])
         self.assertEqual(self.credits["roster_status"], "pending")
         self.assertEqual(self.credits["gbif_citation"]["doi"], "")
+
+    def test_with_a_roster_is_complete_and_names_everyone_in_its_order(self):
+        names = names_of(" Bea \n\nAda Lovelace\r\nBea\n")
+        self.assertEqual(names, ["Bea", "Ada Lovelace", "Bea"])
+        credits = payload([], [], "2026-01-01", names)
+        self.assertEqual(credits["roster_status"], "complete")
+        self.assertEqual(credits["photographers"], names)
+        self.assertEqual(json.loads(payload_text(credits)), credits)
+
+    def test_with_a_doi_cites_it_and_no_longer_says_that_there_is_none(self):
+        citation = payload([], [], "2026-01-01", doi="10.15468/dd.abc")["gbif_citation"]
+        self.assertEqual(citation["doi"], "10.15468/dd.abc")
+        self.assertEqual(
+            citation["text"],
+            "The training pictures are registered with GBIF as a derived dataset.",
+        )
+        self.assertIn("no DOI to cite", self.credits["gbif_citation"]["text"])
 
     def test_adds_the_images_up(self):
         self.assertEqual(self.credits["training"]["images_total"], 3)
