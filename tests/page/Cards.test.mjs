@@ -1,7 +1,10 @@
 // What the page shows before anything is decided.
 import assert from 'node:assert/strict';
+import { join } from 'node:path';
 import test from 'node:test';
-import { DUNNOCK, ROBIN, WREN, openPage, openRows, reviewFolder, rowsNamed } from './support.mjs';
+import {
+  DUNNOCK, ROBIN, WREN, openPage, openRows, reviewFolder, rowsNamed, writeClip,
+} from './support.mjs';
 
 const textOf = (page, selector) =>
   page.locator(selector).evaluate((element) => element.textContent.trim().replace(/\s+/g, ' '));
@@ -52,6 +55,17 @@ test('a clip is a player, whatever the case of its extension', async () => {
   assert.deepEqual(kinds, ['VIDEO', 'VIDEO', 'VIDEO', 'IMG', 'IMG']);
   assert.deepEqual(await attributesOf(page.locator('#c0 video')),
     { src: 'clip.MOV', controls: '', preload: 'metadata', playsinline: '' });
+});
+
+test('a clip plays: nothing that the page itself forbids keeps it from loading', async () => {
+  const folder = reviewFolder(rowsNamed('clip.MOV'));
+  writeClip(join(folder, 'clip.MOV'));
+  const page = await openPage(folder);
+  await page.waitForFunction(() => document.querySelector('#c0 video').readyState >= 1);
+  assert.deepEqual(
+    await page.locator('#c0 video').evaluate(({ videoWidth, videoHeight }) =>
+      [videoWidth, videoHeight]),
+    [128, 96]);
 });
 
 test('a guess shows its name, the scientific line, the confidence and its meter', async () => {

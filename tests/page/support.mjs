@@ -73,6 +73,16 @@ export function runProgram(name, args, input = '') {
   return done.stdout;
 }
 
+/** Writes half a second of one colour. */
+export function writeClip(path) {
+  const done = spawnSync('ffmpeg', [
+    '-nostdin', '-y', '-loglevel', 'error', '-f', 'lavfi', '-i', 'color=gray:s=128x96:r=10:d=0.5',
+    '-c:v', 'libx264', '-pix_fmt', 'yuv420p', path,
+  ], { encoding: 'utf8' });
+  if (done.error) throw done.error;
+  if (done.status !== 0) throw new Error(`ffmpeg made no ${path}: ${done.stderr}`);
+}
+
 /** A folder with pictures and the page that the program writes for these rows. */
 export function reviewFolder(rows, gate = 0.85) {
   const folder = newFolder();
