@@ -24,23 +24,32 @@ void JobController::pause() {
 }
 
 void JobController::resume() {
-    change(State::running);
+    changeAndWake(State::running);
 }
 
 void JobController::stop() {
-    change(State::stopped);
+    changeAndWake(State::stopped);
 }
 
 bool JobController::check(const std::stop_token& abandoned) {
     std::unique_lock lock(mutex_);
-    woken_.wait(lock, abandoned, [&] { return state_ != State::paused; });
+    if (state_ == State::paused) {
+        const auto before = wakeUps_;
+        woken_.wait(lock, abandoned, [&] { return wakeUps_ != before; });
+    }
     return state_ != State::stopped && !abandoned.stop_requested();
 }
 
 void JobController::change(State state) {
+    const std::lock_guard lock(mutex_);
+    state_ = state;
+}
+
+void JobController::changeAndWake(State state) {
     {
         const std::lock_guard lock(mutex_);
         state_ = state;
+        ++wakeUps_;
     }
     woken_.notify_one();
 }

@@ -27,16 +27,20 @@ public:
     /// The loop ends the run at the top of the next file.
     void stop();
 
-    /// Waits for as long as the state is `paused`; then answers whether the run goes on. A caller
-    /// that is abandoned does not wait, and gets the answer of a stop.
+    /// In the state `paused`, waits for a resume or a stop; then answers whether the run goes on,
+    /// which it does also when it has been paused anew by then. A caller that is abandoned does
+    /// not wait, and gets the answer of a stop.
     bool check(const std::stop_token& abandoned = {});
 
 private:
     void change(State state);
+    void changeAndWake(State state);
 
     mutable std::mutex mutex_;
     std::condition_variable_any woken_;
     State state_ = State::idle;
+    /// What a waiting loop watches: of the states it might see only the last of several changes.
+    unsigned wakeUps_ = 0;
 };
 
 }  // namespace ornivo

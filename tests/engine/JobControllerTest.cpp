@@ -74,6 +74,22 @@ TEST(JobController, AParkedLoopGoesOnAfterResume) {
     EXPECT_TRUE(check.get());
 }
 
+TEST(JobController, AParkedLoopPassesAfterResumeAlsoWhenAPauseFollowsAtOnce) {
+    JobController controller;
+    controller.pause();
+    for (int i = 0; i < 20; ++i) {
+        auto check = checkElsewhere(controller);
+        EXPECT_TRUE(isWaiting(check));
+        controller.resume();
+        controller.pause();
+        if (check.wait_for(20 * moment) == std::future_status::timeout) {
+            controller.stop();
+            FAIL() << "it waits for another resume";
+        }
+        EXPECT_TRUE(check.get());
+    }
+}
+
 TEST(JobController, PauseAndThenStopWakesTheParkedLoopWhichEnds) {
     JobController controller;
     controller.pause();
