@@ -45,6 +45,11 @@ bool PretendingFiles::exists(const fs::path& path) const {
     return isThere(path);
 }
 
+bool PretendingFiles::isFolder(const fs::path& path) const {
+    const std::lock_guard lock(mutex_);
+    return addedFolders_.contains(path) || (isThere(path) && files_->isFolder(realPlaceOf(path)));
+}
+
 std::vector<std::string> PretendingFiles::namesIn(const fs::path& folder) const {
     const std::lock_guard lock(mutex_);
     if (addedFolders_.contains(folder) && !files_->exists(folder)) {
@@ -80,7 +85,7 @@ void PretendingFiles::createDirectories(const fs::path& folder) {
     for (; !isThere(level) && level.has_relative_path(); level = level.parent_path()) {
         missing.push_back(level);
     }
-    if (!isFolder(level)) {
+    if (!leadsToFolder(level)) {
         throw folderError(folder, "made", missing.empty() ? EEXIST : ENOTDIR);
     }
     if (missing.empty()) return;
@@ -161,7 +166,7 @@ bool PretendingFiles::isThere(const fs::path& path) const {
     return !gone_.contains(path) && files_->exists(path);
 }
 
-bool PretendingFiles::isFolder(const fs::path& path) const {
+bool PretendingFiles::leadsToFolder(const fs::path& path) const {
     std::error_code failure;
     return addedFolders_.contains(path) ||
            (!origins_.contains(path) && fs::is_directory(path, failure));
@@ -182,7 +187,7 @@ void PretendingFiles::requireFile(const fs::path& path, std::string_view done) c
 
 void PretendingFiles::requireWritable(const fs::path& folder, const fs::path& file,
                                       std::string_view done) const {
-    if (!isFolder(folder)) throw fileError(file, done, ENOENT);
+    if (!leadsToFolder(folder)) throw fileError(file, done, ENOENT);
     if (addedFolders_.contains(folder)) return;
     if (::access(folder.c_str(), W_OK | X_OK) != 0) throw fileError(file, done, errno);
 }

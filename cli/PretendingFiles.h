@@ -26,6 +26,7 @@ public:
 
     bool changesDisk() const override { return false; }
     bool exists(const std::filesystem::path& path) const override;
+    bool isFolder(const std::filesystem::path& path) const override;
     std::vector<std::string> namesIn(const std::filesystem::path& folder) const override;
     std::optional<std::time_t> modificationTime(const std::filesystem::path& path) const override;
     std::string read(const std::filesystem::path& path) const override;
@@ -45,7 +46,7 @@ private:
 
     // All of these are called with the mutex held.
     bool isThere(const std::filesystem::path& path) const;
-    bool isFolder(const std::filesystem::path& path) const;
+    bool leadsToFolder(const std::filesystem::path& path) const;
     std::filesystem::path realPlaceOf(const std::filesystem::path& path) const;
     void requireFile(const std::filesystem::path& path, std::string_view done) const;
     void requireWritable(const std::filesystem::path& folder, const std::filesystem::path& file,

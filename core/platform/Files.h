@@ -50,6 +50,9 @@ public:
     /// Whether anything has this name: a file, a folder, or a link, dangling or not.
     virtual bool exists(const std::filesystem::path& path) const = 0;
 
+    /// Whether a folder has this name; a link to one is none.
+    virtual bool isFolder(const std::filesystem::path& path) const = 0;
+
     /// The names in a folder, hidden ones included, in plain text order.
     virtual std::vector<std::string> namesIn(const std::filesystem::path& folder) const = 0;
 

@@ -17,6 +17,10 @@ public:
 
     bool exists(const std::filesystem::path& path) const override { return files_->exists(path); }
 
+    bool isFolder(const std::filesystem::path& path) const override {
+        return files_->isFolder(path);
+    }
+
     std::vector<std::string> namesIn(const std::filesystem::path& folder) const override {
         return files_->namesIn(folder);
     }

@@ -79,6 +79,11 @@ class SystemFiles : public Files {
 public:
     bool exists(const fs::path& path) const override { return statusOf(path).has_value(); }
 
+    bool isFolder(const fs::path& path) const override {
+        const auto status = statusOf(path);
+        return status && S_ISDIR(status->st_mode);
+    }
+
     std::vector<std::string> namesIn(const fs::path& folder) const override {
         return FolderListing::names(folder);
     }

@@ -24,9 +24,10 @@ std::string_view trimmedOfBlanks(std::string_view text) {
     return text.substr(first, text.find_last_not_of(blanksAndTabs) - first + 1);
 }
 
-/// The fields of one line. A quotation mark opens a quoted part wherever it stands; what is still
-/// quoted at the end of the line ends there.
-std::vector<std::string> splitCSV(std::string_view line) {
+/// The first two fields of a line, which are all that count; fewer where the line holds fewer. A
+/// quotation mark opens a quoted part wherever it stands; what is still quoted at the end of the
+/// line ends there.
+std::vector<std::string> firstFields(std::string_view line) {
     std::vector<std::string> fields(1);
     bool isQuoted = false;
     for (std::size_t i = 0; i < line.size(); ++i) {
@@ -38,6 +39,7 @@ std::vector<std::string> splitCSV(std::string_view line) {
         } else if (each == '"') {
             isQuoted = !isQuoted;
         } else if (each == ',' && !isQuoted) {
+            if (fields.size() == 2) return fields;
             fields.emplace_back();
         } else {
             fields.back() += each;
@@ -47,7 +49,7 @@ std::vector<std::string> splitCSV(std::string_view line) {
 }
 
 std::optional<Decision> decisionOf(std::string_view line) {
-    const auto fields = splitCSV(trimmedOfBlanks(line));
+    const auto fields = firstFields(trimmedOfBlanks(line));
     if (fields.size() < 2) return std::nullopt;
     const std::string_view fileName = trimmedOfBlanks(fields[0]);
     const std::string_view species = trimmedOfBlanks(fields[1]);
@@ -80,18 +82,18 @@ std::vector<std::string> namesOrNone(const fs::path& folder, const Files& files)
     }
 }
 
-/// Files decisions out of one `_Uncertain`.
-class Filing {
+/// The shots of one `_Uncertain`, which leave it as they are decided.
+class DecidedShots {
 public:
-    Filing(const fs::path& destination, Files& files)
-        : Filing(destination, files, namesOrNone(destination / uncertainFolderName, files)) {}
+    DecidedShots(const fs::path& destination, Files& files)
+        : DecidedShots(destination, files, namesOrNone(destination / uncertainFolderName, files)) {}
 
     void file(const Decision& decision) {
         const std::string name = lastPathComponent(decision.fileName);
         const std::string folder = folderName(decision.species);
         if (!isNameInFolder(name) || folder.empty()) {
             outcome_.failed.push_back(decision.fileName);
-        } else if (!files_.exists(uncertain_ / name)) {
+        } else if (!isFile(uncertain_ / name)) {
             outcome_.notFound.push_back(name);
         } else if (const auto target = moveInto(destination_ / folder, name)) {
             ++outcome_.moved;
@@ -106,12 +108,17 @@ public:
     const Outcome& outcome() const { return outcome_; }
 
 private:
-    Filing(const fs::path& destination, Files& files, const std::vector<std::string>& names)
+    DecidedShots(const fs::path& destination, Files& files, const std::vector<std::string>& names)
         : destination_(destination),
           uncertain_(destination / uncertainFolderName),
           files_(files),
           siblings_(names),
           companions_(names) {}
+
+    /// The folder of a day is none, though a decision may name it.
+    bool isFile(const fs::path& path) const {
+        return files_.exists(path) && !files_.isFolder(path);
+    }
 
     /// Where the main file lies now; absent if it stayed where it was.
     std::optional<fs::path> moveInto(const fs::path& folder, const std::string& name) {
@@ -179,9 +186,9 @@ std::vector<Decision> parse(std::string_view text) {
 }
 
 Outcome apply(const std::vector<Decision>& decisions, const fs::path& destination, Files& files) {
-    Filing filing(destination, files);
-    for (const Decision& decision : decisions) filing.file(decision);
-    return filing.outcome();
+    DecidedShots shots(destination, files);
+    for (const Decision& decision : decisions) shots.file(decision);
+    return shots.outcome();
 }
 
 std::string statusText(const Outcome& outcome) {

@@ -68,6 +68,19 @@ TEST_F(PretendingFilesTest, AtFirstEverythingIsAsOnTheDisk) {
     EXPECT_TRUE(files.plan().empty());
 }
 
+TEST_F(PretendingFilesTest, AFolderIsToldFromAFileAndFromALink) {
+    fs::create_directory_symlink(out, folder / "link");
+    EXPECT_TRUE(files.isFolder(out / "Hoopoe"));
+    EXPECT_FALSE(files.isFolder(out / "Hoopoe/a.jpg"));
+    EXPECT_FALSE(files.isFolder(out / "none"));
+    EXPECT_FALSE(files.isFolder(folder / "link"));
+    files.createDirectories(out / "Wryneck");
+    files.copy(in / "a.jpg", out / "Wryneck/a.jpg", Durability::cached);
+    EXPECT_TRUE(files.isFolder(out / "Wryneck"));
+    EXPECT_FALSE(files.isFolder(out / "Wryneck/a.jpg"));
+    fs::remove(folder / "link");
+}
+
 TEST_F(PretendingFilesTest, ACopyIsThereForWhoeverAsksLater) {
     files.createDirectories(out / "Wryneck/2026-05-31");
     files.copy(in / "a.jpg", out / "Wryneck/2026-05-31/a.jpg", Durability::flushed);

@@ -51,6 +51,16 @@ TEST_F(SystemFiles, WhateverHasANameExists) {
     EXPECT_FALSE(files_->exists(folder_ / "file/below"));
 }
 
+TEST_F(SystemFiles, AFolderIsToldFromAFileAndFromALink) {
+    writeFile(folder_ / "file", "");
+    fs::create_directory(folder_ / "folder");
+    fs::create_directory_symlink("folder", folder_ / "link");
+    EXPECT_TRUE(files_->isFolder(folder_ / "folder"));
+    for (const char* other : {"file", "link", "gone", "file/below"}) {
+        EXPECT_FALSE(files_->isFolder(folder_ / other)) << other;
+    }
+}
+
 TEST_F(SystemFiles, NamesAreListedInPlainTextOrder) {
     for (const char* name : {"b", "B", ".h", "M\xF6we"}) writeFile(folder_ / name, "");
     EXPECT_THAT(files_->namesIn(folder_.path()), ElementsAre(".h", "B", "M\xF6we", "b"));

@@ -95,7 +95,7 @@ protected:
         return ReviewDecisions::apply(ReviewDecisions::parse(text), destination(), files_);
     }
 
-    /// Every file of the destination by its path from there, and what lies beside it.
+    /// Every file of the destination by its path from there, and what lies around it.
     Names filed() const {
         Names names;
         for (const auto& entry : fs::recursive_directory_iterator(folder_.path())) {
@@ -107,7 +107,8 @@ protected:
     }
 
     std::string contents(const std::string& path) const { return readFile(destination() / path); }
-    fs::path destination() const { return folder_ / "birds"; }
+    /// So deep that a path which climbs from it is seen to arrive.
+    fs::path destination() const { return folder_ / "pictures/2026/birds"; }
 
     FailingFiles files_;
 
@@ -182,15 +183,38 @@ TEST_F(FiledDecisions, SeparatorsBecomeBlanksAndNothingElseOfTheSpeciesChanges) 
 }
 
 TEST_F(FiledDecisions, NoTextLeadsOutOfTheDestination) {
-    for (const char* species : {"../out", "../../out", "/tmp/out", "..\\out", "C:\\out", "./../out",
-                                "a/../../../out", "..\r", "_Uncertain/../../out", "~", "\x1b[2J"}) {
+    const std::vector<std::pair<std::string, std::string>> folders{
+        {"../out", ".. out"},
+        {"../../out", ".. .. out"},
+        {"../../../../out", ".. .. .. .. out"},
+        {"/tmp/out", "tmp out"},
+        {"..\\out", ".. out"},
+        {"C:\\out", "C  out"},
+        {"./../out", ". .. out"},
+        {"a/../../../out", "a .. .. .. out"},
+        {"_Uncertain/../../out", "_Uncertain .. .. out"},
+        {"~", "~"},
+        {"~/out", "~ out"},
+        {"\x1b[2J", "\x1b[2J"},
+    };
+    for (const auto& [species, folder] : folders) {
         uncertain("a.jpg");
-        ReviewDecisions::apply({{"a.jpg", species}}, destination(), files_);
-        for (const std::string& file : filed()) {
-            EXPECT_FALSE(file.starts_with("../")) << species << " led to " << file;
-        }
-        EXPECT_LE(filed().size(), 11U);
+        EXPECT_EQ(ReviewDecisions::apply({{"a.jpg", species}}, destination(), files_),
+                  (Outcome{1, {}, {}, {folder}}))
+            << species;
+        EXPECT_EQ(filed(), Names{folder + "/a.jpg"}) << species;
+        fs::remove_all(destination() / folder);
     }
+    uncertain("a.jpg");
+    EXPECT_EQ(ReviewDecisions::apply({{"a.jpg", "..\r"}}, destination(), files_),
+              (Outcome{0, {}, {"a.jpg"}, {}}));
+    EXPECT_EQ(filed(), Names{"_Uncertain/a.jpg"});
+}
+
+TEST_F(FiledDecisions, AFolderOfADayIsNoPhotographAndStaysWhereItIs) {
+    uncertain("2026-05-31/a.jpg");
+    EXPECT_EQ(apply("2026-05-31,Robin"), (Outcome{0, {"2026-05-31"}, {}, {}}));
+    EXPECT_EQ(filed(), Names{"_Uncertain/2026-05-31/a.jpg"});
 }
 
 TEST_F(FiledDecisions, ATakenNameIsResolvedAndTheCompanionFollowsIt) {
@@ -219,7 +243,7 @@ TEST_F(FiledDecisions, ASiblingKeepsItsNameAndItsCompanionTakesTheFormOfIt) {
     EXPECT_EQ(filed(), (Names{"Robin/a.jpg", "Robin/a.cr2", "Robin/a_1.cr2", "Robin/a_1.cr2.xmp"}));
 }
 
-TEST_F(FiledDecisions, OfTwoThatShareACompanionTheFirstTakesIt) {
+TEST_F(FiledDecisions, ASiblingsDecisionComesTooLateOnceItHasTravelled) {
     uncertain("a.jpg");
     uncertain("a.jpeg");
     uncertain("a.jpg.xmp");
@@ -228,13 +252,27 @@ TEST_F(FiledDecisions, OfTwoThatShareACompanionTheFirstTakesIt) {
     EXPECT_EQ(filed(), (Names{"Robin/a.jpg", "Robin/a.jpeg", "Robin/a.jpg.xmp", "Robin/a.xmp"}));
 }
 
-TEST_F(FiledDecisions, ASecondDecisionForACompanionThatHasLeftFailsUnseen) {
+TEST_F(FiledDecisions, OfTwoThatShareACompanionTheFirstTakesIt) {
+    // Named after all of the first one's name, and after the stem of the second's.
+    for (const bool isReversed : {false, true}) {
+        uncertain("a.jpg");
+        uncertain("a.jpg.png");
+        uncertain("a.jpg.xmp");
+        const std::string text =
+            isReversed ? "a.jpg.png,Wren\na.jpg,Robin" : "a.jpg,Robin\na.jpg.png,Wren";
+        EXPECT_EQ(apply(text), (Outcome{2, {}, {}, {"Robin", "Wren"}}));
+        const std::string taker = isReversed ? "Wren" : "Robin";
+        EXPECT_EQ(filed(), (Names{"Robin/a.jpg", "Wren/a.jpg.png", taker + "/a.jpg.xmp"}));
+        fs::remove_all(destination());
+    }
+}
+
+TEST_F(FiledDecisions, ACompanionThatStaysFailsUnseen) {
     uncertain("a.jpg");
-    uncertain("b.jpg");
     uncertain("a.xmp");
     files_.fail(Operation::move, named("a.xmp"), notPermitted());
-    EXPECT_EQ(apply("a.jpg,Robin\nb.jpg,Wren"), (Outcome{2, {}, {}, {"Robin", "Wren"}}));
-    EXPECT_EQ(filed(), (Names{"Robin/a.jpg", "Wren/b.jpg", "_Uncertain/a.xmp"}));
+    EXPECT_EQ(apply("a.jpg,Robin"), (Outcome{1, {}, {}, {"Robin"}}));
+    EXPECT_EQ(filed(), (Names{"Robin/a.jpg", "_Uncertain/a.xmp"}));
 }
 
 TEST_F(FiledDecisions, ASiblingThatStaysKeepsItsCompanions) {
