@@ -54,26 +54,21 @@ std::optional<SampledClip> sampleFrames(const std::filesystem::path& file, int m
     if (!clip || !clip->hasVideo()) return std::nullopt;
     const double duration = clip->duration().value_or(0);
     if (!std::isfinite(duration) || duration <= 0) return std::nullopt;
-    SampledClip sampled;
-    for (const FrameTime& time : sampleTimes(duration)) {
-        if (auto frame = clip->frame(time, maxDimension)) {
-            sampled.frames.push_back(*std::move(frame));
-        }
-    }
-    if (sampled.frames.empty()) return std::nullopt;
-    sampled.metadata = metadata(*clip);
-    return sampled;
+    auto frames = clip->frames(sampleTimes(duration), maxDimension);
+    if (frames.empty()) return std::nullopt;
+    return SampledClip{std::move(frames), metadata(*clip)};
 }
 
 std::vector<FrameTime> sampleTimes(double duration) {
     constexpr double tolerance = 0.5;
     const double count = std::clamp(std::round(duration), 1.0, double{maxFrames});
-    const double slice = duration / count;
-    const double reach = std::min(tolerance, slice / 2);
     std::vector<FrameTime> times;
     for (double i = 0; i < count; ++i) {
+        const double begin = i * duration / count;
         const double middle = (i + 0.5) * duration / count;
-        times.push_back({middle - reach, middle, middle + reach});
+        const double end = (i + 1) * duration / count;
+        times.push_back(
+            {std::max(begin, middle - tolerance), middle, std::min(end, middle + tolerance)});
     }
     return times;
 }

@@ -33,8 +33,8 @@ struct SampledClip {
 
 /// Still frames from the middles of equal slices of the clip, about one a second and at most
 /// `maxFrames`, with its day and position. The longer side of a frame has at most `maxDimension`
-/// pixels. A frame that can't be decoded is left out; absent when none is left, or when the file is
-/// no clip with moving pictures and a length.
+/// pixels. A frame is left out where it can't be decoded, or costs too much (`Clip::frames`);
+/// absent when none is left, or when the file is no clip with moving pictures and a length.
 std::optional<SampledClip> sampleFrames(const std::filesystem::path& file, int maxDimension);
 
 /// When to take frames from a clip of a positive duration, in seconds: within half a second of the

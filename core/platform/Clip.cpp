@@ -4,6 +4,7 @@ extern "C" {
 #include <libavcodec/packet.h>
 #include <libavformat/avformat.h>
 #include <libavutil/dict.h>
+#include <libavutil/mathematics.h>
 #include <libavutil/mem.h>
 }
 
@@ -18,14 +19,13 @@ extern "C" {
 #include "platform/BitmapTransforms.h"
 #include "platform/DisplayMatrix.h"
 #include "platform/FrameConverter.h"
+#include "platform/FrameSearch.h"
 
 namespace ornivo {
 
 namespace fs = std::filesystem;
 
 namespace {
-
-constexpr std::chrono::minutes longestWork{2};
 
 /// Where the moment of capture stands: in the camera's words, in an editor's, in the movie header.
 constexpr std::array dateKeys{"com.apple.quicktime.creationdate", "date", "creation_time"};
@@ -35,7 +35,7 @@ constexpr std::string_view renamedPosition = "location";
 
 int hasPassed(void* deadline) {
     const auto& time = *static_cast<const std::chrono::steady_clock::time_point*>(deadline);
-    return std::chrono::steady_clock::now() > time ? 1 : 0;
+    return std::chrono::steady_clock::now() >= time ? 1 : 0;
 }
 
 /// The file's headers, read as those of a clip whatever its contents look like. Nothing but files
@@ -74,22 +74,29 @@ void readOnly(AVFormatContext& container, int stream) {
     }
 }
 
-/// Goes through a clip that is written in fragments, of which the first headers know nothing, and
-/// passes over the pictures themselves.
+/// Whether the first headers leave out a good part of the pictures, as in a clip that is written in
+/// fragments.
+bool knowsTooFewPictures(AVFormatContext& container, AVStream& stream) {
+    const int count = avformat_index_get_entries_count(&stream);
+    if (count == 0 || container.duration <= 0) return true;
+    const std::int64_t last = avformat_index_get_entry(&stream, count - 1)->timestamp;
+    const std::int64_t known = av_rescale_q(last, stream.time_base, AV_TIME_BASE_Q);
+    return known < container.duration - AV_TIME_BASE;
+}
+
+/// Goes through the clip, and passes over the pictures themselves.
 void readAllHeaders(AVFormatContext& container) {
     readOnly(container, -1);
     const PacketHandle packet = newPacket();
     while (av_read_frame(&container, packet.get()) >= 0) av_packet_unref(packet.get());
 }
 
-std::optional<double> durationOf(AVFormatContext& container, int video) {
+std::optional<double> durationOf(const AVFormatContext& container, int video) {
     if (container.duration > 0) {
         return static_cast<double>(container.duration) / AV_TIME_BASE;
     }
-    if (video < 0) return std::nullopt;
-    readAllHeaders(container);
+    if (video < 0 || container.streams[video]->duration <= 0) return std::nullopt;
     const AVStream& stream = *container.streams[video];
-    if (stream.duration <= 0) return std::nullopt;
     return static_cast<double>(stream.duration) * av_q2d(stream.time_base);
 }
 
@@ -118,11 +125,11 @@ std::uint32_t orientationIn(const AVStream& stream) {
 
 }  // namespace
 
-std::optional<Clip> Clip::open(const fs::path& file) {
+std::optional<Clip> Clip::open(const fs::path& file, std::chrono::seconds patience) {
     std::error_code ignored;
     if (!fs::is_regular_file(file, ignored)) return std::nullopt;
     startFFmpeg();
-    auto deadline = std::make_unique<Clock::time_point>(Clock::now() + longestWork);
+    auto deadline = std::make_unique<Clock::time_point>(Clock::now() + patience);
     auto container = opened(file, {hasPassed, deadline.get()});
     if (!container) return std::nullopt;
     return Clip(std::move(deadline), std::move(container));
@@ -131,18 +138,25 @@ std::optional<Clip> Clip::open(const fs::path& file) {
 Clip::Clip(std::unique_ptr<const Clock::time_point> deadline, ContainerHandle container)
     : deadline_(std::move(deadline)),
       container_(std::move(container)),
-      video_(videoIn(*container_)),
-      duration_(durationOf(*container_, video_)) {
+      video_(videoIn(*container_)) {
+    if (hasVideo() && knowsTooFewPictures(*container_, *container_->streams[video_])) {
+        readAllHeaders(*container_);
+    }
+    duration_ = durationOf(*container_, video_);
     readOnly(*container_, video_);
     if (hasVideo()) frames_ = ClipFrames::of(*container_, video_);
 }
 
-std::optional<Bitmap> Clip::frame(const FrameTime& time, int maxDimension) {
-    const AVFrame* found = frames_ ? frames_->find(time) : nullptr;
-    if (!found) return std::nullopt;
+std::vector<Bitmap> Clip::frames(const std::vector<FrameTime>& times, int maxDimension) {
+    if (!frames_) return {};
+    const auto take = [=, this](const AVFrame& frame) { return bitmapFrom(frame, maxDimension); };
+    return FrameSearch(*frames_, times, take).bitmaps();
+}
+
+std::optional<Bitmap> Clip::bitmapFrom(const AVFrame& frame, int maxDimension) const {
     const AVStream& stream = *container_->streams[video_];
-    const double pixelAspect = av_q2d(pixelAspectOf(stream, *found));
-    const auto stored = bitmapOf(*found, pixelAspect, maxDimension);
+    const double pixelAspect = av_q2d(pixelAspectOf(stream, frame));
+    const auto stored = bitmapOf(frame, pixelAspect, maxDimension);
     return stored ? std::optional(upright(*stored, orientationIn(stream))) : std::nullopt;
 }
 

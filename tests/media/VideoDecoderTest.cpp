@@ -33,14 +33,14 @@ Seconds wantedTimes(double duration) {
 }
 
 /// Takes frames from a clip that shows its own time. Each must stand within half a second of its
-/// own, but for what brightness can't tell.
+/// own, but for the little that brightness can't tell.
 void expectFramesAt(const Seconds& wanted, double duration, const FFmpegArguments& output) {
     const TempFolder folder;
     const auto clip = sample(writeClip(folder / "clock.mov", clockPictures(duration), output));
     ASSERT_TRUE(clip);
     ASSERT_EQ(clip->frames.size(), wanted.size());
     for (std::size_t i = 0; i < wanted.size(); ++i) {
-        EXPECT_NEAR(secondShown(clip->frames[i], duration), wanted[i], 0.5 + duration / 50) << i;
+        EXPECT_NEAR(secondShown(clip->frames[i], duration), wanted[i], 0.55) << i;
     }
 }
 
@@ -106,14 +106,6 @@ TEST(VideoDecoder, AMinuteGivesTwelveFrames) {
         expectFramesAt({2.5, 7.5, 12.5, 17.5, 22.5, 27.5, 32.5, 37.5, 42.5, 47.5, 52.5, 57.5}, 60,
                        output);
     }
-}
-
-TEST(VideoDecoder, AFewPicturesThatStandForSecondsAreAllSeen) {
-    const TempFolder folder;
-    const auto input = FFmpegArguments{"-f", "lavfi", "-i", "testsrc=s=64x48:r=1/5:d=20"};
-    const auto clip = sample(writeClip(folder / "slides.mp4", input, {"-c:v", "libx264"}));
-    ASSERT_TRUE(clip);
-    EXPECT_EQ(clip->frames.size(), 12U);
 }
 
 TEST(VideoDecoder, FramesAreScaledToFitAndNeverEnlarged) {

@@ -19,17 +19,23 @@ using Texts = std::vector<std::string>;
 constexpr FrameTime start{0, 0.25, 0.5};
 constexpr int anySize = 10000;
 
+/// The frame for one time alone.
+std::optional<Bitmap> frameAt(Clip& clip, const FrameTime& time, int maxDimension = anySize) {
+    auto frames = clip.frames({time}, maxDimension);
+    return frames.empty() ? std::nullopt : std::optional(std::move(frames.front()));
+}
+
 /// The colour in the middle of a clip's first frame; black when there is none.
 Colour middleOf(const fs::path& file) {
     auto clip = Clip::open(file);
-    const auto frame = clip ? clip->frame(start, anySize) : std::nullopt;
+    const auto frame = clip ? frameAt(*clip, start) : std::nullopt;
     EXPECT_TRUE(frame) << file;
     return frame ? at(*frame, frame->width() / 2, frame->height() / 2) : Colour{0, 0, 0};
 }
 
 PixelSize sizeOfFrame(const fs::path& file, int maxDimension) {
     auto clip = Clip::open(file);
-    const auto frame = clip ? clip->frame(start, maxDimension) : std::nullopt;
+    const auto frame = clip ? frameAt(*clip, start, maxDimension) : std::nullopt;
     EXPECT_TRUE(frame) << file;
     return frame ? PixelSize{frame->width(), frame->height()} : PixelSize{0, 0};
 }
@@ -163,7 +169,7 @@ TEST(Clip, EachDisplayMatrixSetsThePictureUpright) {
         const Bitmap expected = upright(quarters(96, 64), turn.orientation);
         auto clip = Clip::open(file);
         ASSERT_TRUE(clip);
-        const auto frame = clip->frame(start, anySize);
+        const auto frame = frameAt(*clip, start);
         ASSERT_TRUE(frame);
         ASSERT_EQ(frame->width(), expected.width()) << turn.orientation;
         for (const int quarter : {0, 1, 2, 3}) {
@@ -180,7 +186,7 @@ TEST(Clip, TheFrameWantedIsPreferredWhereEachStandsForItself) {
         writeClip(folder / "clock.mov", clockPictures(4), {"-c:v", "mjpeg", "-q:v", "2"}));
     ASSERT_TRUE(clip);
     for (const double wanted : {0.5, 1.5, 3.0, 2.0}) {
-        const auto frame = clip->frame({wanted - 0.5, wanted, wanted + 0.5}, anySize);
+        const auto frame = frameAt(*clip, {wanted - 0.5, wanted, wanted + 0.5});
         ASSERT_TRUE(frame);
         EXPECT_NEAR(secondShown(*frame, 4), wanted, 0.1);
     }
@@ -192,18 +198,40 @@ TEST(Clip, FramesCanBeTakenInAnyOrder) {
         writeClip(folder / "clock.mp4", clockPictures(8), {"-g", "9999", "-sc_threshold", "0"}));
     ASSERT_TRUE(clip);
     for (const double wanted : {6.0, 2.0, 2.0, 5.0, 7.5, 0.5}) {
-        const auto frame = clip->frame({wanted - 0.5, wanted, wanted + 0.5}, anySize);
+        const auto frame = frameAt(*clip, {wanted - 0.5, wanted, wanted + 0.5});
         ASSERT_TRUE(frame);
         EXPECT_NEAR(secondShown(*frame, 8), wanted, 0.6);
     }
+}
+
+TEST(Clip, AKeyFrameInTheLaterHalfOfItsTimeIsTakenWithoutAWalk) {
+    const TempFolder folder;
+    auto clip = Clip::open(writeClip(
+        folder / "clock.mp4", clockPictures(5),
+        {"-g", "9999", "-sc_threshold", "0", "-force_key_frames", "3.2", "-c:v", "libx264"}));
+    ASSERT_TRUE(clip);
+    const auto frames = clip->frames({{1, 1.5, 2}, {2.5, 3, 3.5}}, anySize);
+    ASSERT_EQ(frames.size(), 2U);
+    EXPECT_NEAR(secondShown(frames[1], 5), 3.2, 0.03);
+}
+
+TEST(Clip, AFrameAtTheLatestTimeIsThatOfTheNext) {
+    const TempFolder folder;
+    auto clip = Clip::open(
+        writeClip(folder / "clock.mov", clockPictures(4), {"-c:v", "mjpeg", "-q:v", "2"}));
+    ASSERT_TRUE(clip);
+    const auto frames = clip->frames({{0.5, 2, 2}, {2, 2, 3}}, anySize);
+    ASSERT_EQ(frames.size(), 2U);
+    EXPECT_NEAR(secondShown(frames[0], 4), 2 - 1.0 / 30, 0.01);
+    EXPECT_NEAR(secondShown(frames[1], 4), 2, 0.01);
 }
 
 TEST(Clip, ATimeBehindTheEndHasNoFrame) {
     const TempFolder folder;
     auto clip = Clip::open(writeClip(folder / "a.mp4", plainPictures("red", 64, 48, 2)));
     ASSERT_TRUE(clip);
-    EXPECT_FALSE(clip->frame({5, 5.5, 6}, anySize));
-    EXPECT_TRUE(clip->frame({1, 1.5, 2}, anySize));
+    EXPECT_FALSE(frameAt(*clip, {5, 5.5, 6}));
+    EXPECT_TRUE(frameAt(*clip, {1, 1.5, 2}));
 }
 
 TEST(Clip, TheDurationIsTheLongestOfSoundAndPictures) {
@@ -270,13 +298,33 @@ TEST(Clip, MetadataStandsUnderTheKeysOfTheFile) {
     EXPECT_EQ(textUnder(keyed, key), "+1+2/");
 }
 
+TEST(Clip, WhenPatienceIsAtAnEndNothingIsRead) {
+    const TempFolder folder;
+    const auto file = writeClip(folder / "a.mp4", plainPictures("red", 64, 48, 0.5));
+    EXPECT_TRUE(Clip::open(file));
+    EXPECT_FALSE(Clip::open(file, std::chrono::seconds(0)));
+}
+
+TEST(Clip, PicturesLargerThanAnyCamerasGiveNoFrame) {
+    const TempFolder folder;
+    const auto file =
+        writeClip(folder / "a.mp4", plainPictures("red", 64, 48, 0.5), {"-c:v", "libx264"});
+    for (const auto& [height, isTaken] : {std::pair{5464, true}, {6200, false}}) {
+        statePictureSize(file, "avc1", 8192, height);
+        auto clip = Clip::open(file);
+        ASSERT_TRUE(clip);
+        EXPECT_TRUE(clip->hasVideo());
+        EXPECT_EQ(frameAt(*clip, start).has_value(), isTaken) << height;
+    }
+}
+
 TEST(Clip, ACodecThatNoCameraHasGivesNoFrame) {
     const TempFolder folder;
     auto clip = Clip::open(
         writeClip(folder / "a.mov", plainPictures("red", 64, 48, 0.5), {"-c:v", "qtrle"}));
     ASSERT_TRUE(clip);
     EXPECT_TRUE(clip->hasVideo());
-    EXPECT_FALSE(clip->frame(start, anySize));
+    EXPECT_FALSE(frameAt(*clip, start));
 }
 
 }  // namespace

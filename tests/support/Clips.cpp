@@ -6,6 +6,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cmath>
 #include <cstdint>
 #include <string>
 
@@ -20,6 +21,9 @@ namespace {
 
 /// From the darkest, 16, to the brightest that limited range holds.
 constexpr double levels = 219;
+
+/// How often the quick hand of a clock goes round in a clip.
+constexpr double turns = 20;
 
 /// Runs ffmpeg without a word; false unless it ends well.
 bool runFFmpeg(FFmpegArguments arguments) {
@@ -68,14 +72,20 @@ bool canEncode(const std::string& encoder) {
 
 FFmpegArguments clockPictures(double seconds) {
     const std::string length = std::to_string(seconds);
+    const std::string period = std::to_string(seconds / turns);
     const std::string slope = std::to_string(levels / seconds);
+    const std::string steep = std::to_string(levels / seconds * turns);
     return {"-f", "lavfi", "-i",
-            "nullsrc=s=64x48:r=30:d=" + length + ",format=yuv420p,geq=lum='16+T*" + slope +
-                "':cb=128:cr=128"};
+            "nullsrc=s=64x48:r=30:d=" + length + ",format=yuv420p,geq=lum='if(lt(X,W/2),16+T*" +
+                slope + ",16+mod(T," + period + ")*" + steep + ")':cb=128:cr=128"};
 }
 
 double secondShown(const Bitmap& frame, double seconds) {
-    return at(frame, frame.width() / 2, frame.height() / 2).green / 255.0 * seconds;
+    const auto share = [&](int quarter) {
+        return at(frame, frame.width() * quarter / 4, frame.height() / 2).green / 255.0;
+    };
+    const double turn = share(3);
+    return (std::round(share(1) * turns - turn) + turn) * seconds / turns;
 }
 
 FFmpegArguments plainPictures(const std::string& colour, int width, int height, double seconds) {
@@ -98,6 +108,13 @@ void patchBoxes(const fs::path& clip, std::string_view box, std::size_t offset,
     }
     EXPECT_GT(patched, 0U) << "no " << box << " in " << clip;
     writeFile(clip, contents);
+}
+
+void statePictureSize(const fs::path& clip, std::string_view sampleEntry, int width, int height) {
+    constexpr std::size_t sizeInSampleEntry = 24;
+    constexpr std::size_t upperBytes = 2;
+    patchBoxes(clip, sampleEntry, sizeInSampleEntry,
+               bigEndian(width).substr(upperBytes) + bigEndian(height).substr(upperBytes));
 }
 
 void setDisplayMatrix(const fs::path& clip, int columnsByX, int rowsByX, int columnsByY,

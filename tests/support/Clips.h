@@ -21,8 +21,9 @@ std::filesystem::path writeClip(const std::filesystem::path& path, const FFmpegA
 /// Whether this machine's ffmpeg has an encoder.
 bool canEncode(const std::string& encoder);
 
-/// The input of a clip of 64 × 48 pixels and 30 frames a second that shows by its brightness, the
-/// same all over, how far it has come: `secondShown` reads it, to a fiftieth of the clip.
+/// The input of a clip of 64 × 48 pixels and 30 frames a second that shows how far it has come: the
+/// left half grows brighter once, the right half twenty times. `secondShown` reads it, to a
+/// thousandth of the clip.
 FFmpegArguments clockPictures(double seconds);
 
 /// The time at which a frame of a clip of `clockPictures` stands.
@@ -37,6 +38,11 @@ FFmpegArguments stillPicture(const std::filesystem::path& picture);
 /// Writes bytes into each of a clip's boxes of a name, so far behind the name.
 void patchBoxes(const std::filesystem::path& clip, std::string_view box, std::size_t offset,
                 std::string_view bytes);
+
+/// Makes the container state another size of the pictures than they have. `sampleEntry` is the box
+/// of their codec, as "avc1".
+void statePictureSize(const std::filesystem::path& clip, std::string_view sampleEntry, int width,
+                      int height);
 
 /// Gives every track of a clip a display matrix: the four numbers that turn and mirror.
 void setDisplayMatrix(const std::filesystem::path& clip, int columnsByX, int rowsByX,
