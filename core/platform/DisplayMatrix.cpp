@@ -7,25 +7,26 @@
 namespace ornivo {
 namespace {
 
-struct Turn {
+/// Where the screen shows a stored picture.
+struct Placement {
     /// The screen's columns are the picture's rows.
     bool swapsSides;
-    /// The screen's columns, rows, count from the far end of what they show.
-    bool mirrorsColumns;
-    bool mirrorsRows;
+    /// Along the screen's columns, rows, the picture is shown from its far end.
+    bool reversesScreenColumns;
+    bool reversesScreenRows;
 
-    bool operator==(const Turn&) const = default;
+    bool operator==(const Placement&) const = default;
 };
 
 /// By EXIF orientation, from 1.
-constexpr std::array<Turn, 8> turns{{{false, false, false},
-                                     {false, true, false},
-                                     {false, true, true},
-                                     {false, false, true},
-                                     {true, false, false},
-                                     {true, true, false},
-                                     {true, true, true},
-                                     {true, false, true}}};
+constexpr std::array<Placement, 8> placements{{{false, false, false},
+                                               {false, true, false},
+                                               {false, true, true},
+                                               {false, false, true},
+                                               {true, false, false},
+                                               {true, true, false},
+                                               {true, true, true},
+                                               {true, false, true}}};
 
 }  // namespace
 
@@ -36,8 +37,11 @@ std::uint32_t orientationOf(std::span<const std::int32_t, 9> matrix) {
     const std::int64_t rowsByY = matrix[4];
     const bool swaps =
         std::abs(rowsByX) + std::abs(columnsByY) > std::abs(columnsByX) + std::abs(rowsByY);
-    const Turn turn{swaps, (swaps ? columnsByY : columnsByX) < 0, (swaps ? rowsByX : rowsByY) < 0};
-    return static_cast<std::uint32_t>(std::ranges::find(turns, turn) - turns.begin()) + 1;
+    const Placement placement{swaps, (swaps ? columnsByY : columnsByX) < 0,
+                              (swaps ? rowsByX : rowsByY) < 0};
+    return static_cast<std::uint32_t>(std::ranges::find(placements, placement) -
+                                      placements.begin()) +
+           1;
 }
 
 }  // namespace ornivo
