@@ -38,7 +38,7 @@ Item {
             text: words.label
             enabled: root.store.foldersReady
             keys: "Ctrl+Return"
-            implicitWidth: Math.max(160, implicitContentWidth + leftPadding + rightPadding)
+            Layout.minimumWidth: 160
             onClicked: root.store.tapPrimaryCTA()
         }
     }

@@ -1,36 +1,79 @@
 import QtQuick
-import QtQuick.Controls.Basic
+import QtQuick.Controls.impl
+import QtQuick.Templates as T
 import Ornivo
 
-MenuBar {
+// The one menu, and the keys of what stands in it.
+T.MenuBar {
     id: root
 
     required property UpdaterController updater
     signal aboutWanted
     signal settingsWanted
 
-    Menu {
-        title: qsTr("Ornivo")
+    implicitHeight: contentHeight + topPadding + bottomPadding
+    horizontalPadding: Theme.tiny
+
+    contentItem: Row {
+        Repeater { model: root.contentModel }
+    }
+    background: Rectangle { color: Theme.fsCard }
+
+    delegate: T.MenuBarItem {
+        id: title
+
+        implicitWidth: implicitContentWidth + leftPadding + rightPadding
+        implicitHeight: implicitContentHeight + topPadding + bottomPadding
+        horizontalPadding: Theme.medium
+        verticalPadding: Theme.small
+
+        Accessible.name: title.text.replace("&", "")
+
+        // Underlines the letter that opens it.
+        contentItem: IconLabel {
+            text: title.text
+            color: Theme.text
+            font.pixelSize: Theme.body
+        }
+        background: Rectangle {
+            color: Theme.text
+            opacity: title.down || title.highlighted ? 0.12 : title.hovered ? 0.06 : 0
+        }
+    }
+
+    Shortcut {
+        sequence: "F10"
+        autoRepeat: false
+        onActivated: root.itemAt(0).triggered()
+    }
+
+    FSMenu {
+        title: "&Ornivo"
         onAboutToShow: root.updater.refresh()
 
-        Action {
-            text: qsTr("About")
+        T.Action {
+            text: "About"
             onTriggered: root.aboutWanted()
         }
-        Action {
-            text: qsTr("Check for Updates…")
+        T.Action {
+            text: "Check for Updates…"
             enabled: root.updater.canCheckForUpdates
             onTriggered: root.updater.checkForUpdates()
         }
-        Action {
-            text: qsTr("Settings…")
+        T.Action {
+            text: "Settings…"
             shortcut: "Ctrl+,"
             onTriggered: root.settingsWanted()
         }
-        MenuSeparator {}
-        Action {
-            text: qsTr("Quit")
-            shortcut: StandardKey.Quit
+        T.MenuSeparator {
+            implicitHeight: 1 + 2 * Theme.tiny
+            padding: Theme.tiny
+            contentItem: Rule {}
+        }
+        T.Action {
+            text: "Quit"
+            // Not every desktop has keys of its own for it.
+            shortcut: "Ctrl+Q"
             onTriggered: Qt.quit()
         }
     }

@@ -58,8 +58,8 @@ ColumnLayout {
         Layout.fillWidth: true
         from: 0
         to: 100
-        value: root.store.confidence
-        onMoved: root.options.fineTune(value)
+        shown: root.store.confidence
+        onAsked: value => root.options.fineTune(value)
         Accessible.name: "Fine tune the call threshold"
         Accessible.description: root.options.call.spokenMatch
     }

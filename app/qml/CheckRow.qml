@@ -10,5 +10,4 @@ MarkRow {
     mark: FSCheckboxStyle { on: root.on }
     onClicked: flipped(!on)
     Accessible.role: Accessible.CheckBox
-    Accessible.onToggleAction: root.clicked()
 }

@@ -19,7 +19,8 @@ ColumnLayout {
         row: root.row
         onClicked: root.clicked()
 
-        contentItem: RowLayout {
+        RowLayout {
+            Layout.fillWidth: true
             spacing: Theme.small
 
             Icon {
@@ -29,7 +30,7 @@ ColumnLayout {
             }
             FSText {
                 text: root.row.name
-                Layout.maximumWidth: head.availableWidth - Theme.iconSize - Theme.small
+                Layout.maximumWidth: head.width - Theme.iconSize - Theme.small
                 Layout.alignment: Qt.AlignTop
                 Accessible.ignored: true
             }

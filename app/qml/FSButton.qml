@@ -1,12 +1,12 @@
 import QtQuick
-import QtQuick.Controls.impl
-import QtQuick.Templates as T
 import Ornivo
 
 // What every button shares. `PrimaryButton` and `SecondaryButton` are the ones to use.
-T.Button {
+Pressable {
     id: root
 
+    // Shown as it stands: what may be the name of a file has no keys marked in it.
+    property string text
     // What it does, where its text leaves that open.
     property string description
     // Keys that press it from anywhere in the window, while it can be seen and pressed.
@@ -14,34 +14,27 @@ T.Button {
     property color fill: "transparent"
     property color ink: Theme.text
     property color outline: "transparent"
+    property real horizontalPadding: Theme.large
+    property alias font: label.font
 
-    // Told by the tip and to those who hear the screen.
-    property string hint:
-        keys === "" ? description : (description || text) + " (" + keyNames.nativeText + ")"
+    // The tip says it too.
+    hint: keys === "" ? description : (description || text) + " (" + keyNames.nativeText + ")"
 
-    implicitWidth: Math.max(implicitBackgroundWidth, implicitContentWidth + leftPadding + rightPadding)
-    implicitHeight: Math.max(Theme.controlHeight, implicitContentHeight + topPadding + bottomPadding)
-    horizontalPadding: Theme.large
-    verticalPadding: Theme.tiny
-    spacing: Theme.small
-    focusPolicy: Qt.StrongFocus
-    hoverEnabled: true
+    implicitWidth: Math.ceil(label.implicitWidth) + 2 * horizontalPadding
+    implicitHeight: Math.max(Theme.controlHeight, label.implicitHeight + 2 * Theme.tiny)
     opacity: enabled ? 1 : Theme.dimmed
-    font.pixelSize: Theme.body
-    icon { width: Theme.iconSize; height: Theme.iconSize; color: root.ink }
 
     Accessible.role: Accessible.Button
     Accessible.name: root.text || root.description
-    Accessible.description: root.hint
-
-    Keys.onReturnPressed: root.clicked()
-    Keys.onEnterPressed: root.clicked()
+    // Not the same words twice.
+    Accessible.description: Access.description(hint === Accessible.name ? "" : hint, enabled)
 
     Shortcut {
         id: keyNames
         sequence: root.keys
+        autoRepeat: false
         enabled: root.keys !== "" && root.enabled && root.visible
-        onActivated: root.clicked()
+        onActivated: root.press()
     }
 
     FSToolTip {
@@ -49,17 +42,8 @@ T.Button {
         text: root.hint
     }
 
-    contentItem: IconLabel {
-        text: root.text
-        icon: root.icon
-        font: root.font
-        color: root.ink
-        spacing: root.spacing
-        display: root.display
-        mirrored: root.mirrored
-    }
-
-    background: Rectangle {
+    Rectangle {
+        anchors.fill: parent
         color: root.fill
         border { color: root.outline; width: root.outline.a > 0 ? 1 : 0 }
         radius: Theme.radius
@@ -72,5 +56,15 @@ T.Button {
             Behavior on opacity { NumberAnimation { duration: Theme.quick } }
         }
         FocusRing { control: root }
+    }
+    FSText {
+        id: label
+        anchors.centerIn: parent
+        width: Math.min(Math.ceil(implicitWidth), root.width - 2 * root.horizontalPadding)
+        text: root.text
+        color: root.ink
+        wrapMode: Text.NoWrap
+        elide: Text.ElideRight
+        Accessible.ignored: true
     }
 }

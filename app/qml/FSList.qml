@@ -70,12 +70,10 @@ Rectangle {
         Accessible.name: root.name
 
         Keys.onPressed: event => {
-            const isPick = root.picks && view.currentIndex >= 0
-                && (event.key === Qt.Key_Return || event.key === Qt.Key_Enter
-                    || event.key === Qt.Key_Space)
             event.accepted = true
-            if (isPick) root.picked(view.currentIndex)
-            else if (root.take(event.key)) return
+            if (root.picks && view.currentIndex >= 0 && Access.presses(event)) {
+                if (!event.isAutoRepeat) root.picked(view.currentIndex)
+            } else if (root.take(event.key)) return
             else if (event.text.trim() !== "" && !(event.modifiers & ~Qt.ShiftModifier))
                 root.typed(event.text)
             else event.accepted = false

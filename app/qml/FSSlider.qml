@@ -2,38 +2,47 @@ import QtQuick
 import QtQuick.Templates as T
 import Ornivo
 
-// A slider over whole numbers.
+// A slider over whole numbers. It stands at `shown`; where the user wants it to be comes as `asked`,
+// by pointer, keys or screen reader alike.
 T.Slider {
     id: root
 
+    required property real shown
+    signal asked(int value)
+
     implicitWidth: 200
     implicitHeight: Theme.controlHeight
+    value: shown
     stepSize: 1
     snapMode: T.Slider.SnapAlways
     focusPolicy: Qt.StrongFocus
     hoverEnabled: true
     opacity: enabled ? 1 : Theme.dimmed
+    onValueChanged: {
+        if (value === shown) return
+        asked(Math.round(value))
+        // Whatever came of it.
+        value = Qt.binding(() => root.shown)
+    }
 
     Accessible.role: Accessible.Slider
 
     // The ends of the scale, as the arrow keys take the steps between.
     Keys.onPressed: event => {
-        if (event.key !== Qt.Key_Home && event.key !== Qt.Key_End) return
-        value = event.key === Qt.Key_Home ? from : to
-        moved()
-        event.accepted = true
+        event.accepted = event.key === Qt.Key_Home || event.key === Qt.Key_End
+        if (event.accepted) asked(event.key === Qt.Key_Home ? from : to)
     }
 
     background: Rectangle {
-        x: root.leftPadding + handle.width / 2
+        x: root.leftPadding
         y: root.topPadding + (root.availableHeight - height) / 2
-        width: root.availableWidth - handle.width
+        width: root.availableWidth
         height: 4
         radius: 2
         color: Theme.fsBorder
 
         Rectangle {
-            width: root.visualPosition * parent.width
+            width: handle.x + handle.width / 2 - parent.x
             height: parent.height
             radius: parent.radius
             color: Theme.fsAccent

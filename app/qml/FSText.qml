@@ -9,7 +9,8 @@ Text {
     color: Theme.text
     textFormat: Text.PlainText
     wrapMode: Text.Wrap
-    lineHeight: 1.1
+    // The space goes below each line, and would lift the only one above the middle.
+    lineHeight: wrapMode === Text.NoWrap ? 1 : 1.1
 
     Accessible.role: Accessible.StaticText
     Accessible.name: root.text

@@ -1,16 +1,22 @@
 import QtQuick
-import QtQuick.Controls.Basic
+import QtQuick.Layouts
 import Ornivo
 
-// A button that is only a symbol; its description is its name.
+// A button at the end of a row that is only a symbol; its description is its name.
 FSButton {
     id: root
 
     required property string symbol
 
-    display: AbstractButton.IconOnly
-    icon.source: Qt.resolvedUrl("icons/" + symbol + ".svg")
     ink: Theme.fsSubtext
-    horizontalPadding: Theme.tiny
     implicitWidth: implicitHeight
+    // The symbol, not the room around it, ends where the row does.
+    Layout.rightMargin: -Math.round((implicitWidth - glyph.width) / 2)
+
+    Icon {
+        id: glyph
+        anchors.centerIn: parent
+        symbol: root.symbol
+        color: root.ink
+    }
 }

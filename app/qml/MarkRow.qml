@@ -1,34 +1,34 @@
 import QtQuick
 import QtQuick.Layouts
-import QtQuick.Templates as T
 import Ornivo
 
-// A row that is pressed as a whole: a mark, a title, and perhaps a hint. `RadioRow` and `CheckRow`
-// are the ones to use.
-T.AbstractButton {
+// A row with a mark that says whether it holds, a title, and perhaps a hint. `RadioRow` and
+// `CheckRow` are the ones to use.
+Pressable {
     id: root
 
-    property string hint
+    property string text
     property bool on
     required property Component mark
 
-    implicitWidth: implicitContentWidth + leftPadding + rightPadding
-    implicitHeight: implicitContentHeight + topPadding + bottomPadding
-    verticalPadding: Theme.tiny
-    focusPolicy: Qt.StrongFocus
-    hoverEnabled: true
+    implicitWidth: row.implicitWidth
+    implicitHeight: row.implicitHeight + 2 * Theme.tiny
     opacity: enabled ? 1 : Theme.dimmed
 
     Accessible.name: root.text
-    Accessible.description: root.hint
     Accessible.checkable: true
     Accessible.checked: root.on
-    Accessible.focusable: true
+    Accessible.onToggleAction: root.press()
 
-    Keys.onReturnPressed: root.clicked()
-    Keys.onEnterPressed: root.clicked()
-
-    contentItem: RowLayout {
+    Rectangle {
+        anchors.fill: parent
+        color: Theme.text
+        opacity: root.down ? 0.08 : root.hovered ? 0.04 : 0
+        radius: Theme.radius
+    }
+    RowLayout {
+        id: row
+        anchors { left: parent.left; right: parent.right; verticalCenter: parent.verticalCenter }
         spacing: Theme.small
 
         Loader {
@@ -36,9 +36,8 @@ T.AbstractButton {
             Layout.alignment: Qt.AlignTop
         }
         FSText {
-            id: title
             text: root.text
-            Layout.maximumWidth: root.availableWidth - Theme.iconSize - Theme.small
+            Layout.maximumWidth: root.width - Theme.iconSize - Theme.small
             Layout.alignment: Qt.AlignTop
             Accessible.ignored: true
         }
@@ -49,11 +48,6 @@ T.AbstractButton {
             Layout.alignment: Qt.AlignTop
             Accessible.ignored: true
         }
-    }
-    background: Rectangle {
-        color: Theme.text
-        opacity: root.down ? 0.08 : root.hovered ? 0.04 : 0
-        radius: Theme.radius
     }
 
     FocusRing { control: root; gap: 0 }

@@ -30,6 +30,7 @@ Rectangle {
         Accessible.role: Accessible.RadioButton
         Accessible.checkable: true
         Accessible.checked: isSelected
+        Accessible.onToggleAction: press()
         onClicked: root.store.appMode = mode
     }
 

@@ -31,6 +31,7 @@ ColumnLayout {
             text: place.query
             onTextEdited: place.query = text
             onAccepted: place.resolve()
+            Accessible.description: place.note
         }
         SecondaryButton {
             text: "Use"

@@ -1,37 +1,42 @@
 import QtQuick
 import QtQuick.Layouts
-import QtQuick.Templates as T
 import Ornivo
 
 // A region to choose, with the countries it lies in.
-T.AbstractButton {
+Pressable {
     id: root
 
     required property string label
-    required property string hint
+    // The countries.
+    required hint
     required property int index
     required property bool chosen
     required property bool isCurrent
 
     implicitHeight: Theme.controlHeight
-    horizontalPadding: Theme.small
-    focusPolicy: Qt.NoFocus
-    activeFocusOnTab: false
-    hoverEnabled: true
+    takesKeyboard: false
 
     Accessible.role: Accessible.RadioButton
     Accessible.name: root.label
-    Accessible.description: root.hint
     Accessible.checkable: true
     Accessible.checked: root.chosen
     Accessible.selected: root.isCurrent
+    Accessible.onToggleAction: root.press()
 
     FSToolTip {
         visible: root.hovered && hintText.truncated
         text: root.hint
     }
 
-    contentItem: RowLayout {
+    Rectangle {
+        anchors.fill: parent
+        color: root.isCurrent ? Theme.fsAccent : Theme.text
+        opacity: root.isCurrent ? 0.16 : root.down ? 0.1 : root.hovered ? 0.05 : 0
+        radius: Theme.radius
+    }
+    RowLayout {
+        id: row
+        anchors { fill: parent; leftMargin: Theme.small; rightMargin: Theme.small }
         spacing: Theme.small
 
         Icon {
@@ -42,7 +47,7 @@ T.AbstractButton {
             text: root.label
             wrapMode: Text.NoWrap
             elide: Text.ElideRight
-            Layout.maximumWidth: root.availableWidth - Theme.iconSize - Theme.small
+            Layout.maximumWidth: row.width - Theme.iconSize - Theme.small
             Accessible.ignored: true
         }
         FSText {
@@ -54,10 +59,5 @@ T.AbstractButton {
             Layout.fillWidth: true
             Accessible.ignored: true
         }
-    }
-    background: Rectangle {
-        color: root.isCurrent ? Theme.fsAccent : Theme.text
-        opacity: root.isCurrent ? 0.16 : root.down ? 0.1 : root.hovered ? 0.05 : 0
-        radius: Theme.radius
     }
 }

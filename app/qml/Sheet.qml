@@ -1,15 +1,12 @@
 import QtQuick
-import QtQuick.Controls.Basic
 import QtQuick.Layouts
-import QtQuick.Templates as T
 import Ornivo
 
 // Lies over the window until it is dismissed: a heading, a plain button that closes it, and below
 // them what stands inside the braces, scrolling. Made open; `closed` tells that it can go.
-Popup {
+SheetFrame {
     id: root
 
-    required property string title
     default property alias content: body.content
 
     // What the window leaves it; nothing while it isn't in one yet.
@@ -19,8 +16,6 @@ Popup {
     // Scrolls to a part of the content.
     function show(part) { body.show(part) }
 
-    parent: T.Overlay.overlay
-    anchors.centerIn: parent
     width: Math.max(440, Math.min(Math.max(480, 37 * Theme.body), room.width))
     height: Math.max(360, Math.min(820, room.height))
     padding: 1

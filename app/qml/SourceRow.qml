@@ -6,7 +6,8 @@ import Ornivo
 LinkRow {
     id: root
 
-    contentItem: RowLayout {
+    RowLayout {
+        Layout.fillWidth: true
         spacing: Theme.small
 
         Icon {

@@ -27,6 +27,7 @@ ColumnLayout {
         placeholderText: "Type a bird you photograph…"
         text: coverage.query
         onTextEdited: coverage.query = text
+        Accessible.description: coverage.line
     }
     SymbolText {
         objectName: "coverageLine"

@@ -1,10 +1,9 @@
 import QtQuick
 import QtQuick.Layouts
-import QtQuick.Templates as T
 import Ornivo
 
 // A species in a list: its common name, and its scientific one behind it.
-T.AbstractButton {
+Pressable {
     id: root
 
     required property string commonName
@@ -14,24 +13,29 @@ T.AbstractButton {
     property bool picks: false
 
     implicitHeight: Theme.controlHeight
-    horizontalPadding: Theme.small
-    focusPolicy: Qt.NoFocus
-    activeFocusOnTab: false
-    hoverEnabled: picks
+    hint: scientificName
+    takesKeyboard: false
 
     Accessible.role: Accessible.ListItem
     Accessible.name: root.commonName
-    Accessible.description: root.scientificName
     Accessible.selected: root.isCurrent
 
-    contentItem: RowLayout {
+    Rectangle {
+        anchors.fill: parent
+        color: root.isCurrent ? Theme.fsAccent : Theme.text
+        opacity: root.isCurrent ? 0.16 : !root.picks ? 0 : root.down ? 0.1 : root.hovered ? 0.05 : 0
+        radius: Theme.radius
+    }
+    RowLayout {
+        id: row
+        anchors { fill: parent; leftMargin: Theme.small; rightMargin: Theme.small }
         spacing: Theme.small
 
         FSText {
             text: root.commonName
             wrapMode: Text.NoWrap
             elide: Text.ElideRight
-            Layout.maximumWidth: root.availableWidth
+            Layout.maximumWidth: row.width
             Accessible.ignored: true
         }
         FSText {
@@ -42,10 +46,5 @@ T.AbstractButton {
             Layout.fillWidth: true
             Accessible.ignored: true
         }
-    }
-    background: Rectangle {
-        color: root.isCurrent ? Theme.fsAccent : Theme.text
-        opacity: root.isCurrent ? 0.16 : !root.picks ? 0 : root.down ? 0.1 : root.hovered ? 0.05 : 0
-        radius: Theme.radius
     }
 }

@@ -39,6 +39,8 @@ ColumnLayout {
             text: root.store.speciesQuery
             onTextEdited: root.store.speciesQuery = text
             onAccepted: root.submit()
+            // A suggestion that Tab came by on its way here isn't meant.
+            onActiveFocusChanged: if (activeFocus) suggestions.currentIndex = -1
             Accessible.description: suggestions.currentItem ? suggestions.currentItem.commonName : ""
             Keys.onDownPressed: event => event.accepted = suggestions.visible && suggestions.take(event.key)
             Keys.onUpPressed: event => event.accepted = suggestions.visible && suggestions.take(event.key)

@@ -127,6 +127,17 @@ QStringList AppWindow::texts(const QString& objectName) {
     return texts;
 }
 
+QQuickItem* AppWindow::menuEntry(const char* text) {
+    QQuickItem* found = nullptr;
+    visit(window_->contentItem(), [&](QQuickItem* item) {
+        if (item->inherits("QQuickMenuItem") && accessibleName(item) == QString::fromUtf8(text)) {
+            found = item;
+        }
+    });
+    EXPECT_TRUE(found) << text;
+    return found;
+}
+
 QQuickItem* AppWindow::control(const QString& name) {
     QQuickItem* found = nullptr;
     visit(window_->contentItem(), [&](QQuickItem* item) {

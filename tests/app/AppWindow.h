@@ -40,18 +40,23 @@ public:
     QString text(const QString& objectName) { return texts(objectName).join(QLatin1Char('|')); }
 
     QQuickWindow& window() { return *window_; }
+    /// The entry of the open menu that reads so; a failure and null when there is none.
+    QQuickItem* menuEntry(const char* text);
+
+    /// A software centre that notes how often it was asked to show the program's page.
+    struct NotedCentre : app::SoftwareCentre {
+        bool canShowPage() const override { return isThere; }
+        void showPage() override { ++pages; }
+        bool isThere = false;
+        int pages = 0;
+    };
+    NotedCentre centre;
 
 private:
     QQuickItem* control(const QString& name);
 
-    struct NoCentre : app::SoftwareCentre {
-        bool canShowPage() const override { return false; }
-        void showPage() override {}
-    };
-
-    NoCentre centre_;
     NotedReveals reveals_;
-    app::UpdaterController updater_{centre_};
+    app::UpdaterController updater_{centre};
     app::Desktop desktop_{reveals_};
     QString complaints_;
     QQmlApplicationEngine qml_;

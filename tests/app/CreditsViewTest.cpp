@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QDesktopServices>
 #include <QTest>
 
@@ -165,8 +166,13 @@ TEST_F(CreditsView, RowsOpenTheirAddresses) {
     EXPECT_EQ(screen().colourOf("10.15468/dd.abc"), accent);
 }
 
-TEST_F(CreditsView, ARowWithoutAnAddressIsNoButton) {
-    EXPECT_FALSE(screen().control("None")->isEnabled());
+TEST_F(CreditsView, ARowWithoutAnAddressIsPlainText) {
+    QQuickItem* const row = screen().control("None");
+    EXPECT_FALSE(row->isEnabled());
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(row)->role(), QAccessible::StaticText);
+    EXPECT_EQ(accessibleDescription(row), "Holder B");
+    screen().press("None");
+    EXPECT_EQ(browser_.opened, QStringList());
 }
 
 TEST_F(CreditsView, BlanksAreNoDOI) {

@@ -87,8 +87,9 @@ bool isFocusRing(QQuickItem* item) {
 }
 
 bool isControl(QQuickItem* item) {
-    return item->inherits("QQuickAbstractButton") || item->inherits("QQuickTextInput") ||
-           item->inherits("QQuickSlider") || item->inherits("QQuickListView");
+    return item->metaObject()->indexOfSignal("clicked()") >= 0 ||
+           item->inherits("QQuickTextInput") || item->inherits("QQuickSlider") ||
+           item->inherits("QQuickListView");
 }
 
 }  // namespace

@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <QAccessible>
+#include <QTest>
+
 #include "app/ElementScene.h"
 #include "app/StoreScene.h"
 #include "identification/CallLevel.h"
@@ -170,6 +173,65 @@ TEST_F(OptionsCard, TheSliderFollowsTheStore) {
     store().setConfidence(24);
     EXPECT_EQ(slider->property("value").toInt(), 24);
     EXPECT_EQ(accessibleDescription(slider), "needs a match of 45 out of 100");
+}
+
+TEST_F(OptionsCard, TheSliderFollowsTheStoreAlsoAfterItsEnds) {
+    QQuickItem* const slider = screen().control("Fine tune the call threshold");
+    ASSERT_TRUE(slider);
+    for (const Qt::Key end : {Qt::Key_Home, Qt::Key_End}) {
+        slider->forceActiveFocus();
+        screen().key(end);
+        EXPECT_EQ(slider->property("value").toInt(), store().confidence());
+        screen().press("Confirmed");
+        EXPECT_EQ(store().confidence(), 48);
+        EXPECT_EQ(slider->property("value").toInt(), 48);
+        store().setConfidence(70);
+        EXPECT_EQ(slider->property("value").toInt(), 70);
+    }
+}
+
+TEST_F(OptionsCard, DraggedOnto48TheSliderSelectsConfirmed) {
+    QQuickItem* const slider = screen().control("Fine tune the call threshold");
+    ASSERT_TRUE(slider);
+    auto* const handle = slider->property("handle").value<QQuickItem*>();
+    const auto middleAt = [&](int value) {
+        const qreal way = slider->width() - handle->width();
+        return slider->mapToScene({handle->width() / 2 + way * value / 100, slider->height() / 2})
+            .toPoint();
+    };
+    ASSERT_EQ(store().confidence(), 38);
+    QTest::mousePress(&screen().window(), Qt::LeftButton, {}, middleAt(38));
+    for (int value = 40; value <= 48; value += 2) {
+        QTest::mouseMove(&screen().window(), middleAt(value));
+        EXPECT_EQ(markedLevel(), value == 48 ? "Confirmed" : "") << value;
+    }
+    QTest::mouseRelease(&screen().window(), Qt::LeftButton, {}, middleAt(48));
+    EXPECT_EQ(store().confidence(), 48);
+    EXPECT_EQ(markedLevel(), "Confirmed");
+    EXPECT_TRUE(screen().shows("Fine tune"));
+}
+
+TEST_F(OptionsCard, AScreenReaderMovesTheThresholdToo) {
+    QQuickItem* const slider = screen().control("Fine tune the call threshold");
+    ASSERT_TRUE(slider);
+    QAccessibleInterface* const spoken = QAccessible::queryAccessibleInterface(slider);
+    spoken->valueInterface()->setCurrentValue(48);
+    EXPECT_EQ(store().confidence(), 48);
+    EXPECT_EQ(markedLevel(), "Confirmed");
+    spoken->actionInterface()->doAction(QAccessibleActionInterface::increaseAction());
+    EXPECT_EQ(store().confidence(), 49);
+    spoken->valueInterface()->setCurrentValue(48.6);
+    EXPECT_EQ(spoken->valueInterface()->currentValue().toDouble(), 49);
+    store().setConfidence(24);
+    EXPECT_EQ(spoken->valueInterface()->currentValue().toDouble(), 24);
+}
+
+TEST_F(OptionsCard, TheSliderBeginsAndEndsWhereTheTextsDo) {
+    QQuickItem* const slider = screen().control("Fine tune the call threshold");
+    ASSERT_TRUE(slider);
+    auto* const track = slider->property("background").value<QQuickItem*>();
+    EXPECT_EQ(track->mapToScene({0, 0}).x(), screen().item("tuning")->mapToScene({0, 0}).x());
+    EXPECT_EQ(track->width(), slider->width());
 }
 
 TEST_F(OptionsCard, TheKeyboardReachesEverythingInTheOrderOfReading) {

@@ -5,6 +5,7 @@
 #include "app/ElementScene.h"
 #include "app/StoreScene.h"
 #include "identification/BirdClassifierLabels.h"
+#include "identification/TargetSpecies.h"
 
 namespace ornivo::testing {
 namespace {
@@ -88,10 +89,10 @@ TEST_F(TargetSpeciesCard, APressedSuggestionBecomesATarget) {
     screen().press(QString::fromStdString(osprey.commonName));
     EXPECT_EQ(store().selectedSpeciesList(), std::vector<BirdSpecies>{osprey});
     EXPECT_EQ(store().speciesQuery(), "");
-    EXPECT_EQ(screen().shown(),
-              (QStringList{
-                  "Target Species", "[checkmark-circle]", QString::fromStdString(osprey.commonName),
-                  QString::fromStdString(osprey.scientificName), placeholder(), "Set Target"}));
+    EXPECT_EQ(screen().shown(), (QStringList{"Target Species", "[checkmark-circle]",
+                                             QString::fromStdString(osprey.commonName),
+                                             QString::fromStdString(osprey.scientificName),
+                                             "[xmark]", placeholder(), "Set Target"}));
     EXPECT_EQ(screen().colourOf("[checkmark-circle]"), accent);
     EXPECT_EQ(screen().focused(), placeholder());
 }
@@ -135,6 +136,30 @@ TEST_F(TargetSpeciesCard, TheSuggestionsCanBeReachedByTabToo) {
     EXPECT_EQ(store().selectedSpeciesList().at(0).commonName, matches.back().commonName);
 }
 
+TEST_F(TargetSpeciesCard, ASuggestionThatTabCameByIsNotWhatReturnSubmits) {
+    type("ro");
+    for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_Backtab}) {
+        screen().key(key);
+    }
+    ASSERT_EQ(screen().focused(), placeholder());
+    screen().key(Qt::Key_Return);
+    EXPECT_EQ(store().selectedSpeciesList(),
+              std::vector<BirdSpecies>{TargetSpecies::resolved(TargetSpecies::parse("ro"))});
+}
+
+TEST_F(TargetSpeciesCard, ALineEndsWithWhatRemovesIt) {
+    store().addSpecies("Dodo", "");
+    const auto end = [](const QQuickItem* item) {
+        return item->mapToScene({item->width(), 0}).x();
+    };
+    const QQuickItem* glyph = nullptr;
+    for (const QQuickItem* child : screen().control("Remove Dodo")->childItems()) {
+        if (child->property("symbol").toString() == "xmark") glyph = child;
+    }
+    ASSERT_TRUE(glyph);
+    EXPECT_NEAR(end(glyph), end(screen().control("Set Target")), 1);
+}
+
 TEST_F(TargetSpeciesCard, TypingOnForgetsTheSuggestionReached) {
     type("ro");
     screen().key(Qt::Key_Down);
@@ -157,7 +182,7 @@ TEST_F(TargetSpeciesCard, AnUnrecognisedSpeciesIsMarkedAndNamed) {
     type("Dodo (Raphus cucullatus)");
     screen().key(Qt::Key_Return);
     EXPECT_EQ(screen().shown(), (QStringList{"Target Species", "[warning-triangle]", "Dodo",
-                                             "Raphus cucullatus", "[warning-triangle]",
+                                             "Raphus cucullatus", "[xmark]", "[warning-triangle]",
                                              unknownMessage("Dodo"), placeholder(), "Set Target"}));
     EXPECT_EQ(screen().colourOf("[warning-triangle]"), warning);
     EXPECT_EQ(screen().colourOf(unknownMessage("Dodo")), warning);
