@@ -19,26 +19,12 @@ SheetFrame {
     width: Math.max(440, Math.min(Math.max(480, 37 * Theme.body), room.width))
     height: Math.max(360, Math.min(820, room.height))
     padding: 1
-    modal: true
-    focus: true
     visible: true
-
-    background: Rectangle {
-        color: Theme.fsBackground
-        border.color: Theme.fsBorder
-        radius: Theme.cardRadius
-    }
-    T.Overlay.modal: Rectangle { color: Theme.scrim }
-
-    enter: Transition {
-        NumberAnimation { property: "opacity"; from: 0; to: 1; duration: Theme.calm }
-    }
-    exit: Transition {
-        NumberAnimation { property: "opacity"; from: 1; to: 0; duration: Theme.quick }
-    }
 
     contentItem: ColumnLayout {
         spacing: 0
+        focus: true
+        Keys.forwardTo: [body]
         Accessible.role: Accessible.Dialog
         Accessible.name: root.title
 
