@@ -54,8 +54,9 @@ void checkSource(const fs::path& source) {
     }
 }
 
-/// The folder itself if it is there, or else the nearest one above it that is.
-fs::path nearestExisting(fs::path folder) {
+/// The folder itself, or else the nearest one above it whose name is taken, be it by a link that
+/// leads nowhere: no folder can be made behind that.
+fs::path nearestTaken(fs::path folder) {
     std::error_code failure;
     while (!fs::exists(fs::symlink_status(folder, failure)) && folder.has_relative_path()) {
         folder = folder.parent_path();
@@ -64,7 +65,7 @@ fs::path nearestExisting(fs::path folder) {
 }
 
 void checkDestination(const fs::path& destination) {
-    const fs::path existing = nearestExisting(destination);
+    const fs::path existing = nearestTaken(destination);
     std::error_code failure;
     if (!fs::is_directory(existing, failure)) {
         throw UsageError(quoted(existing) + " is not a folder, so nothing can be filed into it.");

@@ -1,8 +1,9 @@
 #include "media/SpaceEstimator.h"
 
-#include <system_error>
+#include <utility>
 
-#include "platform/Paths.h"
+#include "platform/CloneProbe.h"
+#include "platform/NearestExisting.h"
 
 namespace ornivo::SpaceEstimator {
 namespace {
@@ -12,14 +13,25 @@ using Verdict = SpaceEstimate::Verdict;
 
 constexpr std::int64_t comfortableSpare = 2'000'000'000;
 
-std::optional<VolumeInfo> nearestVolume(const fs::path& folder) {
-    std::error_code ignored;
-    fs::path at = standardized(folder);
-    while (!fs::exists(at, ignored)) {
-        if (!at.has_relative_path()) return std::nullopt;
-        at = at.parent_path();
+/// The volumes of a copy's two ends.
+struct Ends {
+    VolumeInfo source;
+    VolumeInfo destination;
+};
+
+/// Absent when a volume can't be looked at. Where the ends are one volume, what it says of these
+/// very folders counts: on a btrfs some files are kept from sharing.
+std::optional<Ends> endsOf(const fs::path& source, const fs::path& destination) {
+    const fs::path from = nearestExisting(source);
+    const fs::path to = nearestExisting(destination);
+    auto sourceVolume = volumeOf(from);
+    auto destinationVolume = volumeOf(to);
+    if (!sourceVolume || !destinationVolume) return std::nullopt;
+    if (sourceVolume->identity == destinationVolume->identity) {
+        destinationVolume->supportsCloning =
+            clonesWhenAsked(from, to).value_or(destinationVolume->supportsCloning);
     }
-    return volumeOf(at);
+    return Ends{*std::move(sourceVolume), *std::move(destinationVolume)};
 }
 
 bool clones(const VolumeInfo& source, const VolumeInfo& destination) {
@@ -35,10 +47,9 @@ Verdict verdictOn(std::int64_t required, std::int64_t available) {
 
 std::optional<SpaceEstimate> estimate(std::int64_t photographBytes, const fs::path& source,
                                       const fs::path& destination) {
-    const auto from = nearestVolume(source);
-    const auto to = nearestVolume(destination);
-    if (!from || !to) return std::nullopt;
-    return estimate(photographBytes, *from, *to);
+    const auto ends = endsOf(source, destination);
+    if (!ends) return std::nullopt;
+    return estimate(photographBytes, ends->source, ends->destination);
 }
 
 SpaceEstimate estimate(std::int64_t photographBytes, const VolumeInfo& source,
@@ -52,9 +63,8 @@ SpaceEstimate estimate(std::int64_t photographBytes, const VolumeInfo& source,
 }
 
 bool willClone(const fs::path& source, const fs::path& destination) {
-    const auto from = nearestVolume(source);
-    const auto to = nearestVolume(destination);
-    return from && to && clones(*from, *to);
+    const auto ends = endsOf(source, destination);
+    return ends && clones(ends->source, ends->destination);
 }
 
 }  // namespace ornivo::SpaceEstimator

@@ -1,9 +1,9 @@
 #include "platform/UnnamedFile.h"
 
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
+#include "platform/NearestExisting.h"
 #include "platform/TemporaryName.h"
 
 namespace ornivo {
@@ -12,15 +12,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr mode_t ownersAlone = 0600;
-
-fs::path nearestExisting(fs::path folder) {
-    struct stat status {};
-    while (::stat(folder.empty() ? "." : folder.c_str(), &status) != 0) {
-        if (!folder.has_relative_path()) break;
-        folder = folder.parent_path();
-    }
-    return folder.empty() ? fs::path(".") : folder;
-}
 
 FileDescriptor openUnnamed(const fs::path& folder) {
     FileDescriptor file(::open(folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, ownersAlone));

@@ -16,9 +16,9 @@ struct VolumeInfo {
     std::optional<std::string> name;
     /// Bytes that an ordinary user can still write; 0 where the file system tells no sizes.
     std::int64_t availableBytes = 0;
-    /// Whether a copy within the file system shares its data blocks with the original. Only where
-    /// the file system itself says so: btrfs, and an XFS made with reflinks. Others that may be
-    /// able to, as overlays over one of these, count as unable.
+    /// Whether a copy within the file system can share its data blocks with the original, by its
+    /// kind: a btrfs and an XFS made with reflinks are able to, all others count as unable.
+    /// `clonesWhenAsked` knows better wherever it can be tried.
     bool supportsCloning = false;
 
     bool operator==(const VolumeInfo&) const = default;

@@ -116,6 +116,14 @@ TEST(SpaceForecast, BetweenTheSubvolumesOfABtrfsTheCopiesTakeNothing) {
     EXPECT_LE(std::abs(bytesUsed(forecast, *disk)), little);
 }
 
+TEST(SpaceForecast, OfFilesThatABtrfsKeepsInPlaceTheCopiesTakeTheirSize) {
+    const auto disk = LoopDisk::mount(LoopDisk::Kind::btrfs);
+    if (!disk) GTEST_SKIP() << "no btrfs can be made and mounted here";
+    Forecast forecast(disk->makeFolderOfFilesKeptInPlace("card"), *disk / "sorted");
+    EXPECT_EQ(forecast.estimate().verdict, Verdict::tight);
+    EXPECT_LE(std::abs(bytesUsed(forecast, *disk) - forecast.photographBytes()), little);
+}
+
 TEST(SpaceForecast, FromOneCloningDiskToAnotherTheCopiesTakeTheirSize) {
     const auto card = LoopDisk::mount(LoopDisk::Kind::xfs);
     const auto disk = LoopDisk::mount(LoopDisk::Kind::xfs);

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/LoopDisk.h"
 #include "support/SmallDisk.h"
 #include "support/TempFolder.h"
 
@@ -127,6 +128,18 @@ TEST_F(SpaceEstimatorOnASmallDisk, ALinkThatLeadsNowhereIsMissing) {
 TEST_F(SpaceEstimatorOnASmallDisk, MemoryDoesNotClone) {
     EXPECT_FALSE(SpaceEstimator::willClone(disk_->path(), *disk_ / "Birds"));
     EXPECT_FALSE(SpaceEstimator::willClone(folder_.path(), disk_->path()));
+}
+
+TEST(SpaceEstimatorOnABtrfs, FilesThatAreKeptInPlaceAreAPlainCopy) {
+    const auto disk = LoopDisk::mount(LoopDisk::Kind::btrfs);
+    if (!disk) GTEST_SKIP() << "no btrfs can be made and mounted here";
+    const fs::path photos = disk->makeFolderOfFilesKeptInPlace("card");
+    writeFile(photos / "a.jpg", std::string(100, 'a'));
+    EXPECT_FALSE(SpaceEstimator::willClone(photos, *disk / "Birds"));
+    const auto estimate = SpaceEstimator::estimate(100, photos, *disk / "Birds").value();
+    EXPECT_EQ(estimate.verdict, Verdict::tight);
+    EXPECT_EQ(estimate.requiredBytes, 100);
+    EXPECT_TRUE(SpaceEstimator::willClone(*disk / "photos", *disk / "Birds"));
 }
 
 }  // namespace

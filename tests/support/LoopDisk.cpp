@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <linux/btrfs.h>
+#include <linux/fs.h>
 #include <sys/ioctl.h>
 #include <sys/mount.h>
 #include <unistd.h>
@@ -79,6 +80,15 @@ fs::path LoopDisk::makeSubvolume(const std::string& name) const {
     std::strncpy(arguments.name, name.c_str(), sizeof arguments.name - 1);
     if (::ioctl(openFolder(path()).get(), BTRFS_IOC_SUBVOL_CREATE, &arguments) != 0) {
         throw std::runtime_error("no subvolume could be made");
+    }
+    return path() / name;
+}
+
+fs::path LoopDisk::makeFolderOfFilesKeptInPlace(const std::string& name) const {
+    fs::create_directory(path() / name);
+    const int noCopyOnWrite = FS_NOCOW_FL;
+    if (::ioctl(openFolder(path() / name).get(), FS_IOC_SETFLAGS, &noCopyOnWrite) != 0) {
+        throw std::runtime_error("no folder of files kept in place could be made");
     }
     return path() / name;
 }

@@ -35,6 +35,10 @@ public:
     /// Answers its path.
     std::filesystem::path makeSubvolume(const std::string& name) const;
 
+    /// Makes a folder of a btrfs whose files are changed in place and so share no blocks with
+    /// others. Answers its path.
+    std::filesystem::path makeFolderOfFilesKeptInPlace(const std::string& name) const;
+
     /// The name of the folder that it is mounted on. Has a blank in it.
     static constexpr const char* mountName = "Bird disk";
 
