@@ -2,6 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <optional>
+#include <thread>
+
+#include "media/VideoDecoder.h"
 #include "support/Clips.h"
 #include "support/RunScene.h"
 
@@ -80,6 +85,29 @@ TEST_F(ClipRun, AClipThatCanNotBeReadIsAnErrorAndTheRunGoesOn) {
     EXPECT_EQ(report.sort().errors, 1);
     EXPECT_EQ(report.sort().sorted, 1);
     EXPECT_EQ(scene_.filed(), Names{"Bald Eagle/b.mov"});
+}
+
+TEST(ClipThreads, ClipsAreReadOnSeveralThreadsAtATime) {
+    const TempFolder folder;
+    std::vector<fs::path> files;
+    for (const char* codec : {"libx264", "mpeg4", "mjpeg", "libx264"}) {
+        files.push_back(writeClip(folder / (std::to_string(files.size()) + ".mov"),
+                                  clockPictures(3), {"-c:v", codec}));
+    }
+    std::vector<std::optional<VideoDecoder::SampledClip>> clips(files.size());
+    {
+        std::vector<std::jthread> threads;
+        for (std::size_t i = 0; i < files.size(); ++i) {
+            threads.emplace_back([&, i] { clips[i] = VideoDecoder::sampleFrames(files[i], 640); });
+        }
+    }
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        const auto alone = VideoDecoder::sampleFrames(files[i], 640);
+        ASSERT_TRUE(clips[i] && alone) << i;
+        EXPECT_TRUE(std::ranges::equal(clips[i]->frames, alone->frames, std::ranges::equal,
+                                       &Bitmap::pixels, &Bitmap::pixels))
+            << i;
+    }
 }
 
 }  // namespace
