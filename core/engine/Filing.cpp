@@ -1,14 +1,11 @@
-#include <charconv>
 #include <utility>
 
 #include "engine/FolderName.h"
 #include "engine/SortEngine.h"
 #include "engine/Warnings.h"
 #include "media/PhotoDate.h"
-#include "media/Shots.h"
 #include "media/Trash.h"
 #include "platform/Collision.h"
-#include "platform/Error.h"
 #include "platform/Numbers.h"
 #include "platform/Paths.h"
 #include "platform/Text.h"
@@ -36,15 +33,6 @@ std::string fileNamePart(std::string_view folder) {
 /// A file's name as part of a sentence.
 std::string shownName(const fs::path& file) {
     return wellFormed(lastPathComponent(file));
-}
-
-/// A folder that can't be listed counts as empty.
-std::vector<std::string> namesIn(const fs::path& folder, const Files& files) {
-    try {
-        return files.namesIn(folder);
-    } catch (const std::exception&) {
-        return {};
-    }
 }
 
 }  // namespace
@@ -142,76 +130,8 @@ std::vector<std::string> SortEngine::disposeOriginal(const fs::path& source,
     return warnings;
 }
 
-bool SortEngine::moveOutOfUncertain(const fs::path& from, const fs::path& baseDest,
-                                    const std::string& folder) {
-    if (!files_->exists(from)) return false;
-    const fs::path target = baseDest / folderName(folder);
-    files_->createDirectories(target);
-    const fs::path home = from.parent_path();
-    const std::string name = lastPathComponent(from);
-    const fs::path dest = resolveCollision(target / name);
-    const std::vector<Sidecars::Companion> companions = sidecarIndex_.companions(from, *files_);
-    const std::vector<std::string> siblings = Shots::siblingNames(name, namesIn(home, *files_));
-
-    files_->move(from, dest);
-    for (const std::string& sibling : siblings) moveSibling(home / sibling, target);
-    moveCompanions(companions, dest);
-    if (!companions.empty()) sidecarIndex_.forget(home);
-    return true;
-}
-
-void SortEngine::moveSibling(const fs::path& sibling, const fs::path& target) {
-    const std::vector<Sidecars::Companion> companions = sidecarIndex_.companions(sibling, *files_);
-    const fs::path dest = resolveCollision(target / lastPathComponent(sibling));
-    try {
-        files_->move(sibling, dest);
-    } catch (const std::exception&) {
-        return;
-    }
-    moveCompanions(companions, dest);
-}
-
-void SortEngine::moveCompanions(const std::vector<Sidecars::Companion>& companions,
-                                const fs::path& dest) {
-    for (const Sidecars::Companion& companion : companions) {
-        const std::string newName = companion.destinationName(lastPathComponent(dest));
-        try {
-            files_->move(companion.url, resolveCollision(dest.parent_path() / newName));
-        } catch (const std::exception&) {
-            // The photograph has arrived; what doesn't follow it stays in `_Uncertain`.
-        }
-    }
-}
-
 fs::path SortEngine::resolveCollision(const fs::path& url) const {
     return ornivo::resolveCollision(url, *files_);
-}
-
-std::int64_t SortEngine::sequenceNumber(std::string_view name, std::int64_t fallback) {
-    const std::string stem = deletingPathExtension(name);
-    const auto all = characters(stem);
-    std::size_t start = stem.size();
-    for (auto each = all.rbegin(); each != all.rend() && isNumber(*each); ++each) {
-        start -= each->size();
-    }
-    std::int64_t number = 0;
-    const char* const end = stem.data() + stem.size();
-    const auto parsed = std::from_chars(stem.data() + start, end, number);
-    return parsed.ec == std::errc() && parsed.ptr == end ? number : fallback;
-}
-
-bool SortEngine::isOutOfSpace(const std::exception& error) {
-    constexpr int deepest = 8;
-    constexpr int noSpaceLeft = 28;
-    const auto* look = dynamic_cast<const Error*>(&error);
-    for (int level = 0; look && level < deepest; ++level) {
-        if (look->domain() == Error::cocoaDomain && look->code() == Error::fileWriteOutOfSpace) {
-            return true;
-        }
-        if (look->domain() == Error::posixDomain && look->code() == noSpaceLeft) return true;
-        look = look->underlying().get();
-    }
-    return false;
 }
 
 }  // namespace ornivo

@@ -5,7 +5,6 @@
 #include <exception>
 
 #include "engine/PausedRunCoding.h"
-#include "identification/CallLevel.h"
 #include "platform/Numbers.h"
 #include "platform/Paths.h"
 
@@ -22,22 +21,6 @@ std::string PausedRun::summary() const {
     const std::string photos = remaining == 1 ? " photo" : " photos";
     return std::to_string(remaining) + photos + " left to sort into " +
            lastPathComponent(destination);
-}
-
-std::string PausedRun::explanation() const {
-    const std::string cause =
-        reason == Reason::userCancelled
-            ? "You stopped this run partway through."
-            : lastPathComponent(destination) +
-                  " ran out of space partway through. Free some room and resume.";
-    return cause + " Nothing was moved — these photos are still where you left them.";
-}
-
-std::string PausedRun::callDescription() const {
-    auto level = callLevel ? fromRawValue<CallLevel>(*callLevel) : std::nullopt;
-    if (!level) level = callLevelMatching(gate);
-    if (level) return title(*level);
-    return "Custom · files at " + std::to_string(std::lround(gate * 100)) + "%";
 }
 
 bool PausedRun::settingsMatch(double otherGate, const std::optional<std::string>& otherLocation,

@@ -56,12 +56,6 @@ struct PausedRun {
     /// What is left to do, for the screen.
     std::string summary() const;
 
-    /// Why the run stopped, and what that means for the files, for the screen.
-    std::string explanation() const;
-
-    /// From which confidence on it called a bird: the level by name, or the gate.
-    std::string callDescription() const;
-
     /// Whether settings are those of the stopped run, as far as a change of them would matter.
     bool settingsMatch(double otherGate, const std::optional<std::string>& otherLocation,
                        const std::string& otherCopyMode) const;

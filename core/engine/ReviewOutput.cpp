@@ -13,11 +13,10 @@ namespace fs = std::filesystem;
 namespace chrono = std::chrono;
 
 constexpr const char* csvHeader = "filename,guess1,conf1,guess2,conf2,guess3,conf3\n";
-constexpr std::size_t guessesPerRow = 3;
 
 std::string csvRow(const std::string& fileName, const IdentifiedSpecies& species) {
     std::string row = ReviewPage::csvField(fileName);
-    for (std::size_t rank = 0; rank < guessesPerRow; ++rank) {
+    for (std::size_t rank = 0; rank < ReviewPage::guessesPerRow; ++rank) {
         if (rank < species.topK.size()) {
             const auto& [label, confidence] = species.topK[rank];
             row += "," + ReviewPage::csvField(BirdClassifierLabels::displayName(label));

@@ -7,10 +7,12 @@
 #include <filesystem>
 #include <map>
 #include <memory>
+#include <optional>
 #include <stop_token>
 #include <string>
 #include <vector>
 
+#include "engine/RunLaws.h"
 #include "engine/SortEngine.h"
 #include "media/BurstResolver.h"
 #include "media/Shots.h"
@@ -32,7 +34,11 @@ struct SortEngine::Run {
     int lastProcessed;
 
     /// For what is written at the end; null where none can be kept.
-    std::unique_ptr<KeptRoom> room;
+    std::unique_ptr<KeptRoom> roomForRecord;
+    std::unique_ptr<KeptRoom> roomForPage;
+
+    /// Judges what was done, in builds that check the laws.
+    std::optional<RunLaws> laws;
 
     SortResult sort;
     FindResult find;

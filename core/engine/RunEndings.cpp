@@ -40,6 +40,15 @@ PausedRun recordOf(const SortEngine::RunInput& input, double gate) {
     return record;
 }
 
+/// Beside what is in a file: folders, the file system's own book-keeping, and the page's frame.
+constexpr std::uint64_t overheadOfFile = 64 << 10;
+
+/// What one more shot adds to the review page, with something to spare: its name and three guesses.
+std::uint64_t bytesOfCard(std::string_view fileName) {
+    constexpr std::uint64_t guesses = 320;
+    return fileName.size() + guesses;
+}
+
 bool isAllowed(BurstResolver::Kind kind, BurstInheritance inheritance) {
     return kind == BurstResolver::Kind::confirmed ||
            inheritance == BurstInheritance::confirmedAndCorrected;
@@ -47,27 +56,31 @@ bool isAllowed(BurstResolver::Kind kind, BurstInheritance inheritance) {
 
 }  // namespace
 
-std::unique_ptr<KeptRoom> SortEngine::keepRoomForEnding(const RunInput& input, double gate) {
-    // Folders and the file system's own book-keeping.
-    constexpr std::uint64_t overhead = 64 << 10;
-    // A card of the page holds a name and three guesses.
-    constexpr std::uint64_t bytesOfCard = 1 << 10;
-    const bool isFind = input.mode == AppMode::find;
-    const std::uint64_t newCards = isFind ? 0 : input.paths.size() - input.startIndex;
-    const std::uint64_t cards = reviewRows_.size() + newCards;
-    const std::uint64_t record = encoded(recordOf(input, gate)).size() + overhead;
-    auto room = files_->keepRoom(input.destination, record + cards * bytesOfCard);
-    // Without room for the page the record is worth keeping some for all the same.
-    return room ? std::move(room) : files_->keepRoom(input.destination, record);
+void SortEngine::keepRoomForEnding(Run& run) {
+    const fs::path& destination = run.input.destination;
+    // First the record: without it nobody can go on from here.
+    const std::uint64_t record = encoded(recordOf(run.input, run.gate)).size();
+    run.roomForRecord = files_->keepRoom(destination, record + overheadOfFile);
+    if (run.isFind()) return;
+
+    std::uint64_t cards = 0;
+    for (const ReviewPage::Row& row : reviewRows_) cards += bytesOfCard(row.fileName);
+    for (const std::size_t leader : run.leaders()) cards += bytesOfCard(run.fileName(leader));
+    run.roomForPage = files_->keepRoom(destination, cards + overheadOfFile);
 }
 
 void SortEngine::end(Run& run, const StopReason& reason) {
     const fs::path& destination = run.input.destination;
-    run.room.reset();
-    if (reason == StopReason::completed()) promoteBursts(run);
-    writeReviewPage(destination, run.gate);
-    if (reason == StopReason::completed()) PausedRun::clear(destination, *files_);
-    if (reason == StopReason::diskFull()) {
+    const bool isCompleted = reason == StopReason::completed();
+    const bool isDiskFull = reason == StopReason::diskFull();
+    run.roomForPage.reset();
+    // A record to come needs its room until then: a long page might take it.
+    if (!isDiskFull) run.roomForRecord.reset();
+    if (isCompleted) promoteBursts(run);
+    if (!run.isFind()) writeReviewPage(destination, run.gate);
+    if (isCompleted) PausedRun::clear(destination, *files_);
+    if (isDiskFull) {
+        run.roomForRecord.reset();
         PausedRun record = recordOf(run.input, run.gate);
         record.stoppedAtIndex = run.lastProcessed + 1;
         record.sortedSoFar = run.sort.sorted;
@@ -119,6 +132,8 @@ void SortEngine::finish(Run& run, const StopReason& reason) {
     run.sort.warnings = run.find.warnings = run.warnings;
     carried_ = {run.sort, run.find, run.perSpecies, run.unidentified, run.warnings, elapsed};
 
+    // Before the reader is told, who may then move what has been filed.
+    if (run.laws) run.laws->assertHeld(run.lastProcessed, run.sort, run.find);
     jobController_->markIdle();
     if (run.isFind()) {
         run.sink.emit(FindFinished{run.lastProcessed, reason, run.find});

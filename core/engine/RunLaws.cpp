@@ -183,7 +183,8 @@ void RunLaws::judgeNewFiles(Evidence& evidence) const {
 
 bool RunLaws::isOurs(const fs::path& file) const {
     const fs::path uncertain = input_.destination / SortEngine::uncertainFolderName;
-    const std::array ours{uncertain / SortEngine::reviewCSVName, uncertain / "review.html",
+    const std::array ours{uncertain / SortEngine::reviewCSVName,
+                          uncertain / SortEngine::reviewPageName,
                           PausedRun::manifestURL(input_.destination)};
     return std::any_of(ours.begin(), ours.end(),
                        [&](const fs::path& each) { return standardized(each) == file; });

@@ -6,7 +6,6 @@
 #include "engine/AuditedFiles.h"
 #include "engine/LookAhead.h"
 #include "engine/Run.h"
-#include "engine/RunLaws.h"
 #include "engine/SortEngine.h"
 #include "engine/Warnings.h"
 #include "identification/BirdClassifierLabels.h"
@@ -75,7 +74,9 @@ void SortEngine::runLoop(const RunInput& input, EventStream<Event>& sink,
             .gate = ConfidencePolicy::threshold(input.options.confidence),
             .grouping = Shots::group(input.paths),
             .lastProcessed = static_cast<int>(input.startIndex) - 1,
-            .room = nullptr,
+            .roomForRecord = nullptr,
+            .roomForPage = nullptr,
+            .laws = {},
             .sort = carried_.sort,
             .find = carried_.find,
             .perSpecies = carried_.perSpecies,
@@ -85,12 +86,9 @@ void SortEngine::runLoop(const RunInput& input, EventStream<Event>& sink,
             .frames = {}};
     run.sort.total = run.find.total = static_cast<int>(input.paths.size());
 
-    run.room = keepRoomForEnding(input, run.gate);
-
-    std::optional<RunLaws> laws;
-    if (audit_) laws.emplace(*audit_, input, run.grouping, carried_.sort, carried_.find);
+    keepRoomForEnding(run);
+    if (audit_) run.laws.emplace(*audit_, input, run.grouping, carried_.sort, carried_.find);
     end(run, takeFiles(run));
-    if (laws) laws->assertHeld(run.lastProcessed, run.sort, run.find);
 }
 
 void SortEngine::forgetPastRun() {

@@ -34,6 +34,7 @@
 namespace ornivo {
 
 class AuditedFiles;
+struct LyingShot;
 template <typename Result>
 class LookAhead;
 
@@ -221,8 +222,8 @@ private:
 
     void runLoop(const RunInput& input, EventStream<Event>& sink, const std::stop_token& stop);
     void forgetPastRun();
-    /// Room in the destination for what a run writes at its end, should it fill up before.
-    std::unique_ptr<KeptRoom> keepRoomForEnding(const RunInput& input, double gate);
+    /// Keeps room in the destination for what the run writes at its end, should it fill up before.
+    void keepRoomForEnding(Run& run);
     StopReason takeFiles(Run& run);
     Space takeShot(Run& run, std::size_t index, LookAhead<ClassifiedShot>& ahead);
     void fileForSort(Run& run, std::size_t index, const ClassifiedShot& shot, bool isCalled);
@@ -243,9 +244,8 @@ private:
     std::vector<std::string> placeFile(const std::filesystem::path& source,
                                        const std::filesystem::path& dest,
                                        const SortOptions& options);
-    void moveSibling(const std::filesystem::path& sibling, const std::filesystem::path& target);
-    void moveCompanions(const std::vector<Sidecars::Companion>& companions,
-                        const std::filesystem::path& dest);
+    /// The shot in `_Uncertain` that this file leads.
+    LyingShot shotLyingAt(const std::filesystem::path& file);
 
     std::shared_ptr<BirdIdentifying> identifier_;
     std::shared_ptr<JobController> jobController_;

@@ -1,20 +1,11 @@
 #include "media/SidecarIndex.h"
 
-#include "platform/Error.h"
 #include "platform/Paths.h"
 
 namespace ornivo {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::vector<std::string> namesOrNone(const fs::path& folder, const Files& files) {
-    try {
-        return files.namesIn(folder.empty() ? "." : folder);
-    } catch (const Error&) {
-        return {};
-    }
-}
 
 std::string keyOf(const fs::path& folder) {
     return standardized(folder).native();

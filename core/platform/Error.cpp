@@ -1,5 +1,6 @@
 #include "platform/Error.h"
 
+#include <cerrno>
 #include <system_error>
 #include <utility>
 
@@ -13,7 +14,11 @@ Error::Error(std::string domain, int code, std::string description,
       underlying_(std::move(underlying)) {}
 
 Error Error::posix(int errnoValue, const std::string& what) {
-    return {posixDomain, errnoValue, what + ": " + std::generic_category().message(errnoValue)};
+    const std::string words = what + ": " + std::generic_category().message(errnoValue);
+    if (errnoValue != EDQUOT) return {posixDomain, errnoValue, words};
+    // To whoever may write no more there, a full quota is a full volume.
+    return {posixDomain, errnoValue, words,
+            std::make_shared<Error>(cocoaDomain, fileWriteOutOfSpace, words)};
 }
 
 Error Error::unreadableFile() {

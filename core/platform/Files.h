@@ -97,4 +97,8 @@ public:
                                                std::uint64_t bytes) = 0;
 };
 
+/// The names in a folder, as `namesIn` answers them; one that can't be listed has none. An empty
+/// path is the current folder.
+std::vector<std::string> namesOrNone(const std::filesystem::path& folder, const Files& files);
+
 }  // namespace ornivo

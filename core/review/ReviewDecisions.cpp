@@ -1,12 +1,12 @@
 #include "review/ReviewDecisions.h"
 
-#include <exception>
 #include <optional>
 #include <utility>
 
+#include "media/LyingShot.h"
 #include "media/Shots.h"
 #include "media/Sidecars.h"
-#include "platform/Collision.h"
+#include "platform/Error.h"
 #include "platform/Paths.h"
 #include "platform/Text.h"
 #include "review/UncertainFolder.h"
@@ -66,20 +66,11 @@ bool isNameInFolder(std::string_view name) {
 
 /// The species as the name of one folder; empty where nothing but dots is left of it, which would
 /// lead out of the destination.
-std::string folderName(std::string_view species) {
+std::string decidedFolderName(std::string_view species) {
     std::string name(species);
     for (const char unusable : {'/', '\\', ':', '\0'}) name = replacing(name, unusable, ' ');
     name = trimmed(name);
     return name.find_first_not_of('.') == std::string::npos ? "" : name;
-}
-
-/// What lies in `_Uncertain` before anything is filed from it.
-std::vector<std::string> namesOrNone(const fs::path& folder, const Files& files) {
-    try {
-        return files.namesIn(folder);
-    } catch (const std::exception&) {
-        return {};
-    }
 }
 
 /// The shots of one `_Uncertain`, which leave it as they are decided.
@@ -90,16 +81,14 @@ public:
 
     void file(const Decision& decision) {
         const std::string name = lastPathComponent(decision.fileName);
-        const std::string folder = folderName(decision.species);
+        const std::string folder = decidedFolderName(decision.species);
         if (!isNameInFolder(name) || folder.empty()) {
             outcome_.failed.push_back(decision.fileName);
         } else if (!isFile(uncertain_ / name)) {
             outcome_.notFound.push_back(name);
-        } else if (const auto target = moveInto(destination_ / folder, name)) {
+        } else if (moveInto(destination_ / folder, name)) {
             ++outcome_.moved;
             outcome_.folders.insert(folder);
-            moveSiblings(name, target->parent_path());
-            moveCompanions(name, *target);
         } else {
             outcome_.failed.push_back(name);
         }
@@ -120,42 +109,31 @@ private:
         return files_.exists(path) && !files_.isFolder(path);
     }
 
-    /// Where the main file lies now; absent if it stayed where it was.
-    std::optional<fs::path> moveInto(const fs::path& folder, const std::string& name) {
+    /// Answers false if the main file stayed where it was.
+    bool moveInto(const fs::path& folder, const std::string& name) {
         try {
             files_.createDirectories(folder);
-        } catch (const std::exception&) {
-            return std::nullopt;
-        }
-        return moveAs(folder / name, name);
-    }
-
-    /// Absent if the file stayed where it was.
-    std::optional<fs::path> moveAs(const fs::path& wanted, const std::string& name) {
-        try {
-            const fs::path target = resolveCollision(wanted, files_);
-            files_.move(uncertain_ / name, target);
-            return target;
-        } catch (const std::exception&) {
-            return std::nullopt;
+            shotNamed(name).moveTo(folder, files_);
+            return true;
+        } catch (const Error&) {
+            return false;
         }
     }
 
-    void moveSiblings(const std::string& name, const fs::path& folder) {
+    LyingShot shotNamed(const std::string& name) const {
+        LyingShot shot{uncertain_, withCompanions(name), {}};
         for (const std::string& sibling : siblings_.namesBeside(name)) {
-            if (const auto target = moveAs(folder / sibling, sibling)) {
-                moveCompanions(sibling, *target);
-            }
+            shot.siblings.push_back(withCompanions(sibling));
         }
+        return shot;
     }
 
-    void moveCompanions(const std::string& photo, const fs::path& placed) {
-        for (const auto& [name, wholeName] : companions_.companionNames(photo)) {
-            const Sidecars::Companion companion{uncertain_ / name, wholeName};
-            const std::string newName = companion.destinationName(lastPathComponent(placed));
-            // The photograph has arrived; what doesn't follow it stays where it is.
-            moveAs(placed.parent_path() / newName, name);
+    LyingShot::File withCompanions(const std::string& name) const {
+        LyingShot::File file{name, {}};
+        for (const auto& [companion, wholeName] : companions_.companionNames(name)) {
+            file.companions.push_back({uncertain_ / companion, wholeName});
         }
+        return file;
     }
 
     const fs::path destination_;

@@ -14,7 +14,6 @@
 namespace ornivo::ReviewPage {
 namespace {
 
-constexpr std::size_t guessesPerRow = 3;
 constexpr std::string_view datePattern = "d MMMM yyyy, HH:mm";
 
 /// Texts by the name that stands in double braces.

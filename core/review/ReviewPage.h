@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,6 +19,9 @@ struct Row {
 
     bool operator==(const Row&) const = default;
 };
+
+/// Of a shot's guesses, those that a person gets to see, on the page and in `review.csv`.
+inline constexpr std::size_t guessesPerRow = 3;
 
 /// The review page: one HTML document, complete in itself, that shows the files of the rows by
 /// their bare names and so has to lie beside them. `gate` is the confidence that the run asked

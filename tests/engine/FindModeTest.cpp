@@ -205,6 +205,7 @@ TEST_F(FindMode, UncertainShotsAndTheirRowsAreLeftAsTheyWere) {
     scene_.picture("a.jpg", robin, 0.2);
     scene_.run();
     const std::string csv = scene_.contents("_Uncertain/review.csv");
+    writeFile(scene_.input.destination / "_Uncertain/review.html", "the page as it was");
 
     scene_.input.mode = AppMode::find;
     scene_.input.startIndex = 1;
@@ -214,7 +215,20 @@ TEST_F(FindMode, UncertainShotsAndTheirRowsAreLeftAsTheyWere) {
     EXPECT_EQ(scene_.filed(),
               (Names{"_Uncertain/a.jpg", "_Uncertain/review.csv", "_Uncertain/review.html"}));
     EXPECT_EQ(scene_.contents("_Uncertain/review.csv"), csv);
+    EXPECT_EQ(scene_.contents("_Uncertain/review.html"), "the page as it was");
     EXPECT_EQ(scene_.engine().reviewRows().size(), 1U);
+}
+
+TEST_F(FindMode, ASearchThatGoesOnLeavesNoPageOfAnotherRunInItsDestination) {
+    scene_.input.mode = AppMode::sort;
+    scene_.picture("a.jpg", robin, 0.2);
+    scene_.run();
+
+    scene_.input.mode = AppMode::find;
+    scene_.input.startIndex = 1;
+    scene_.input.destination /= "found";
+    scene_.run();
+    EXPECT_EQ(scene_.filed(), Names());
 }
 
 }  // namespace

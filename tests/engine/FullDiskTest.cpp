@@ -118,13 +118,27 @@ TEST_F(FullDiskOfAMebibyte, ALongListHasItsRoomKeptToo) {
 }
 
 TEST_F(FullDiskOfAMebibyte, WithoutRoomForThePageThatOfTheRecordIsKeptAllTheSame) {
-    heavyPicture("a.jpg");
-    for (int i = 0; i < 1000; ++i) scene_->input.paths.push_back(scene_->source() / "x.jpg");
+    makeRoom();
+    // Names that take six times their length on the page make it long enough to need the record's
+    // room as well.
+    const std::string longName(240, '&');
+    for (int i = 0; i < 120; ++i) {
+        scene_->picture(longName + std::to_string(i) + ".jpg", robin, 0.2);
+    }
+    heavyPicture("last.jpg");
+    // Cards for all of them would take more than the disk has.
+    for (int i = 0; i < 2600; ++i) scene_->input.paths.push_back(scene_->source() / "x.jpg");
     scene_->files().onAttempt([&](const FailingFiles::Attempt& attempt) {
-        if (attempt.operation == FailingFiles::Operation::copy) fillUp();
+        const bool isLast = attempt.operation == FailingFiles::Operation::copy &&
+                            attempt.path.filename() == "last.jpg";
+        if (isLast) fillUp();
     });
-    EXPECT_EQ(scene_->run().lines().back(), "finished diskFull, last -1");
-    EXPECT_TRUE(PausedRun::read(scene_->input.destination, scene_->files()));
+    const auto report = scene_->run();
+    EXPECT_EQ(report.lines().back(), "finished diskFull, last 119");
+    EXPECT_EQ(report.sort().unidentified, 120);
+    const auto record = PausedRun::read(scene_->input.destination, scene_->files());
+    ASSERT_TRUE(record);
+    EXPECT_EQ(record->stoppedAtIndex, 120);
 }
 
 TEST_F(FullDiskOfAMebibyte, ASearchKeepsNoRoomForCardsThatItNeverMakes) {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <memory>
 #include <stdexcept>
 
@@ -30,6 +31,13 @@ TEST(OutOfSpace, IsToldByTheTwoCodesInTheirDomains) {
     EXPECT_FALSE(SortEngine::isOutOfSpace(Error(Error::posixDomain, 5, "other")));
     EXPECT_FALSE(SortEngine::isOutOfSpace(Error("Other", 28, "other")));
     EXPECT_FALSE(SortEngine::isOutOfSpace(std::runtime_error("other")));
+}
+
+TEST(OutOfSpace, AFullQuotaIsOneTooAndSaysSo) {
+    const Error full = Error::posix(EDQUOT, "It couldn't be done");
+    EXPECT_TRUE(SortEngine::isOutOfSpace(full));
+    EXPECT_EQ(full.code(), EDQUOT);
+    EXPECT_EQ(full.localizedDescription(), "It couldn't be done: Disk quota exceeded");
 }
 
 TEST(OutOfSpace, IsFoundBehindOtherErrorsDownToTheEighthLevel) {

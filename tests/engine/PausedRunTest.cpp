@@ -133,40 +133,6 @@ TEST(PausedRun, TheSummarySaysSortInFindRunsToo) {
     EXPECT_EQ(record.summary(), "6 photos left to sort into Eagles only");
 }
 
-TEST(PausedRun, TheExplanationDependsOnTheReason) {
-    PausedRun run;
-    run.reason = PausedRun::Reason::userCancelled;
-    EXPECT_EQ(run.explanation(),
-              "You stopped this run partway through. Nothing was moved — these photos are still "
-              "where you left them.");
-    run.reason = PausedRun::Reason::diskFull;
-    run.destination = "/x/My Disk/";
-    EXPECT_EQ(run.explanation(),
-              "My Disk ran out of space partway through. Free some room and resume. Nothing was "
-              "moved — these photos are still where you left them.");
-}
-
-TEST(PausedRun, CallsAreDescribedByTheLevelOrElseByTheGate) {
-    struct Row {
-        std::optional<std::string> level;
-        double gate;
-        std::string description;
-    };
-    const std::vector<Row> rows{{"confirmed", 0.3, "Confirmed"},
-                                {"probable", 0.3, "Most likely"},
-                                {"possible", 0.9, "Probable"},
-                                {std::nullopt, 0.6, "Confirmed"},
-                                {"certain", 0.45, "Most likely"},
-                                {"certain", 0.545, "Custom · files at 55%"},
-                                {std::nullopt, 0.95, "Custom · files at 95%"}};
-    PausedRun run;
-    for (const Row& row : rows) {
-        run.callLevel = row.level;
-        run.gate = row.gate;
-        EXPECT_EQ(run.callDescription(), row.description) << row.gate;
-    }
-}
-
 TEST(PausedRun, GatesMatchWhenTheyDifferByLessThanAThousandth) {
     const PausedRun record = sample();
     EXPECT_TRUE(record.settingsMatch(0.5375, "51.5,-0.12", "keep"));

@@ -146,6 +146,16 @@ TEST_F(Burst, AResumedRunSeesTheFramesOfItsOwnPartAlone) {
     EXPECT_EQ(report.sort().unidentified, 1);
 }
 
+TEST_F(Burst, AFrameOfTheEarlierPartConfirmsNothingInAResumedRun) {
+    scene_.picture("IMG_1.jpg", robin, 0.9);
+    scene_.picture("IMG_2.jpg", robin, 0.4);
+    scene_.files().fail(Operation::copy, nth(2), noSpaceLeft());
+    EXPECT_EQ(runWith(BurstInheritance::confirmedOnly).sort().stopReason, StopReason::diskFull());
+    scene_.input.startIndex = 1;
+    EXPECT_EQ(runWith(BurstInheritance::confirmedOnly).sort().burstPromoted, 0);
+    EXPECT_TRUE(scene_.filed().contains("_Uncertain/IMG_2.jpg"));
+}
+
 // The user.
 
 TEST(UserEnding, AStopLandsBetweenFilesAndLeavesNoRecord) {
@@ -183,6 +193,18 @@ protected:
 
     RunScene scene_;
 };
+
+TEST_F(FullDisk, ThePageIsWrittenBeforeTheRecord) {
+    scene_.picture("a.jpg", robin, 0.2);
+    scene_.picture("b.jpg", robin, 0.2);
+    scene_.files().fail(Operation::copy, nth(2), noSpaceLeft());
+    std::vector<std::string> written;
+    scene_.files().onAttempt([&](const FailingFiles::Attempt& attempt) {
+        if (attempt.operation == Operation::replace) written.push_back(attempt.path.filename());
+    });
+    scene_.run();
+    EXPECT_EQ(written, (Texts{"review.csv", "review.html", "resume.json"}));
+}
 
 TEST_F(FullDisk, EndsTheRunAtTheFileThatCouldNotBeFiled) {
     for (int i = 0; i < 12; ++i) scene_.picture("a" + std::to_string(i) + ".jpg", robin, 0.9);

@@ -89,6 +89,19 @@ TEST(RunLoop, ARawAndItsJpegAreOneShot) {
     EXPECT_TRUE(scene.filed().contains("Clark's Grebe/y.dng"));
 }
 
+TEST(RunLoop, WhenTheJpegCanNotBeReadAndTheRawAnswersNoErrorIsCounted) {
+    RunScene scene;
+    scene.junk("a.jpg");
+    scene.raw("a.dng", robin, 0.9);
+    const auto report = scene.run();
+    EXPECT_EQ(report.sort().errors, 0);
+    EXPECT_EQ(report.sort().sorted, 1);
+    EXPECT_EQ(report.lines("prediction").size(), 1U);
+    EXPECT_EQ(report.lines("failure").size(), 0U);
+    EXPECT_EQ(scene.filed(),
+              (std::set<std::string>{"European Robin/a.jpg", "European Robin/a.dng"}));
+}
+
 TEST(RunLoop, AResumeBetweenALeadingFileAndItsFollowerSkipsTheFollowerStill) {
     RunScene scene;
     scene.picture("a.jpg", robin, 0.9);

@@ -29,7 +29,8 @@ TEST_P(CloneProbe, IsAnsweredAlikeWithAFileAndWithoutAndLeavesNothing) {
     const auto free = disk->freeBytes();
     EXPECT_EQ(clonesWhenAsked(*disk / "card", *disk / "birds"), GetParam().clones);
     EXPECT_TRUE(fs::is_empty(*disk / "birds"));
-    EXPECT_EQ(disk->freeBytes(), free);
+    // More may have come free since, of what was asked before.
+    EXPECT_GE(disk->freeBytes(), free);
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, CloneProbe,
