@@ -8,6 +8,7 @@
 
 #include "cli/CheckCommand.h"
 #include "cli/CommandHelp.h"
+#include "cli/CreditsCommand.h"
 #include "cli/DataCommand.h"
 #include "cli/DiscardCommand.h"
 #include "cli/FileDecisionsCommand.h"
@@ -94,9 +95,10 @@ private:
     RegionsCommand regions_{app_};
     PlaceCommand place_{app_};
     DataCommand data_{app_};
+    CreditsCommand credits_{app_};
     const std::vector<Command*> commands_{
-        &sort_,     &find_,    &resume_,  &discard_, &fileDecisions_, &check_,
-        &identify_, &quality_, &species_, &regions_, &place_,         &data_,
+        &sort_,    &find_,    &resume_,  &discard_, &fileDecisions_, &check_,   &identify_,
+        &quality_, &species_, &regions_, &place_,   &data_,          &credits_,
     };
 };
 

@@ -13,7 +13,7 @@ namespace {
 const std::vector<Example> examples{
     {"ornivo-cli find \"Bald Eagle\" --in ~/Pictures/Inbox --to ~/Pictures/Eagles",
      "copy out the shots of one bird; the rest stay put"},
-    {"ornivo-cli find osprey hoopoe --in Inbox --to Birds --level probable",
+    {"ornivo-cli find osprey \"Common Hoopoe\" --in Inbox --to Birds --level probable",
      "two birds, accepting less certain calls"},
     {"ornivo-cli find \"upupa epops\" --in Inbox --to Birds --dry-run",
      "only say what would be copied"},

@@ -1,20 +1,19 @@
 #include "cli/IdentifyCommand.h"
 
 #include <algorithm>
-#include <cstddef>
 #include <exception>
 #include <filesystem>
 #include <memory>
-#include <variant>
+#include <utility>
 
 #include "cli/BundledIdentifier.h"
 #include "cli/CommandHelp.h"
 #include "cli/EventJson.h"
 #include "cli/ExplainingIdentifier.h"
+#include "cli/FileAnswers.h"
 #include "cli/Numbers.h"
 #include "cli/Position.h"
 #include "cli/TerminalText.h"
-#include "engine/LookAhead.h"
 #include "engine/SortEngine.h"
 #include "identification/BirdClassifierLabels.h"
 #include "platform/Numbers.h"
@@ -33,14 +32,11 @@ const std::vector<Example> examples{
 };
 
 /// The species in a file, or why they can't be told.
-using Answer = std::variant<IdentifiedSpecies, std::string>;
+using Answer = AnswerOrReason<IdentifiedSpecies>;
 using Explanation = std::vector<ExplainedCandidate>;
 
 Answer identify(SortEngine& engine, const std::filesystem::path& file,
                 const std::optional<PhotoLocation>& location) {
-    std::error_code failure;
-    if (!std::filesystem::exists(file, failure)) return "There is no such file.";
-    if (!std::filesystem::is_regular_file(file, failure)) return "It is not an ordinary file.";
     try {
         return engine.classify(file, location).species;
     } catch (const std::exception& error) {
@@ -62,13 +58,9 @@ std::string reasonWords(const ExplainedCandidate& candidate) {
            shortestText(candidate.seasonFactor);
 }
 
-void printWords(Console& console, const std::string& file, const Answer& answer) {
-    if (const auto* why = std::get_if<std::string>(&answer)) {
-        console.line(printable("✗ " + file + ": " + *why), Tone::error);
-        return;
-    }
+void printWords(Console& console, const std::string& file, const IdentifiedSpecies& species) {
     console.line(printable(file));
-    for (const auto& candidate : std::get<IdentifiedSpecies>(answer).topK) {
+    for (const auto& candidate : species.topK) {
         console.line(candidateWords(candidate.label, candidate.confidence));
     }
 }
@@ -95,14 +87,8 @@ void printJson(Console& console, const std::string& file, const Explanation& exp
     console.write(jsonLine({{"path", file}, {"candidates", candidates}}));
 }
 
-void printJson(Console& console, const std::string& file, const Answer& answer) {
-    Json json{{"path", file}};
-    if (const auto* species = std::get_if<IdentifiedSpecies>(&answer)) {
-        json["candidates"] = candidatesJson(*species);
-    } else {
-        json["error"] = std::get<std::string>(answer);
-    }
-    console.write(jsonLine(json));
+void printJson(Console& console, const std::string& file, const IdentifiedSpecies& species) {
+    console.write(jsonLine({{"path", file}, {"candidates", candidatesJson(species)}}));
 }
 
 }  // namespace
@@ -125,34 +111,31 @@ ExitCode IdentifyCommand::answer(Console& console) const {
     const std::vector<std::string>& files = files_->results();
     const auto location = at_ ? std::optional(parsePosition(*at_)) : std::nullopt;
     SortEngine engine(bundledIdentifier(), std::make_shared<JobController>());
-    const auto workers = std::min<std::size_t>(SortEngine::defaultWorkers(), files.size());
-    LookAhead<Answer> answers(files.size(), static_cast<unsigned>(workers),
-                              [&](std::size_t i) { return identify(engine, files[i], location); });
-    ExitCode code = ExitCode::done;
-    for (const auto& file : files) {
-        const Answer answer = answers.take();
-        if (std::holds_alternative<std::string>(answer)) code = ExitCode::someFailed;
-        json_ ? printJson(console, file, answer) : printWords(console, file, answer);
-    }
-    return code;
+    return tellOfEach<IdentifiedSpecies>(
+        files, workersFor(files.size()), console, json_,
+        [&](const std::filesystem::path& file) { return identify(engine, file, location); },
+        [&](const std::string& file, const IdentifiedSpecies& species) {
+            json_ ? printJson(console, file, species) : printWords(console, file, species);
+        });
 }
 
 ExitCode IdentifyCommand::explain(Console& console) const {
     const auto location = at_ ? std::optional(parsePosition(*at_)) : std::nullopt;
     const auto identifier = std::make_shared<ExplainingIdentifier>();
     SortEngine engine(identifier, std::make_shared<JobController>());
-    ExitCode code = ExitCode::done;
-    for (const auto& file : files_->results()) {
-        const Answer answer = identify(engine, file, location);
-        const Explanation explanation = identifier->takeExplanation();
-        if (std::holds_alternative<std::string>(answer)) {
-            code = ExitCode::someFailed;
-            json_ ? printJson(console, file, answer) : printWords(console, file, answer);
-        } else {
-            json_ ? printJson(console, file, explanation) : printWords(console, file, explanation);
-        }
-    }
-    return code;
+    const auto ask = [&](const std::filesystem::path& file) -> AnswerOrReason<Explanation> {
+        Answer answer = identify(engine, file, location);
+        Explanation explanation = identifier->takeExplanation();
+        if (auto* reason = std::get_if<std::string>(&answer)) return std::move(*reason);
+        return explanation;
+    };
+    // The identifier explains one file at a time.
+    constexpr unsigned noWorkers = 0;
+    return tellOfEach<Explanation>(files_->results(), noWorkers, console, json_, ask,
+                                   [&](const std::string& file, const Explanation& explanation) {
+                                       json_ ? printJson(console, file, explanation)
+                                             : printWords(console, file, explanation);
+                                   });
 }
 
 }  // namespace ornivo::cli

@@ -21,16 +21,12 @@ std::optional<Number> parse(std::string_view text, Form... form) {
 
 }  // namespace
 
-std::string withDecimals(double value, int decimals) {
-    return fixedText(value, decimals);
-}
-
 std::string withOneDecimal(double value) {
-    return withDecimals(value, 1);
+    return fixedText(value, 1);
 }
 
 std::string degreesText(double degrees) {
-    return withDecimals(degrees, 2);
+    return fixedText(degrees, 2);
 }
 
 std::string percentage(double probability) {

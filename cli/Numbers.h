@@ -8,9 +8,6 @@
 /// Numbers as the command line reads and writes them: alike in every locale.
 namespace ornivo::cli {
 
-/// Rounded to so many digits after the point, as in "0.0031"; at most ten.
-std::string withDecimals(double value, int decimals);
-
 /// Rounded to one digit after the point, as in "59.9".
 std::string withOneDecimal(double value);
 

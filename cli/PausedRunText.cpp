@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "cli/TerminalText.h"
+#include "engine/PausedRunWords.h"
 #include "platform/Paths.h"
 
 namespace ornivo::cli {
@@ -30,10 +31,10 @@ std::string row(std::string_view label, const std::string& value, int columns) {
 std::vector<std::string> pausedRunText(const PausedRun& run, int columns) {
     return {
         fitted(printable("⏸ " + run.summary()), columns),
-        printable(run.explanation()),
+        printable(stopExplanation(run)),
         row("From", sources(run), columns),
         row("To", lastPathComponent(run.destination), columns),
-        row("Calls", run.callDescription(), columns),
+        row("Calls", callDescription(run), columns),
         row("Done so far",
             std::to_string(run.sortedSoFar) + " sorted · " + std::to_string(run.uncertainSoFar) +
                 " to review",

@@ -1,21 +1,17 @@
 #include "cli/QualityCommand.h"
 
-#include <algorithm>
-#include <cstddef>
 #include <filesystem>
 #include <string>
-#include <system_error>
-#include <variant>
 #include <vector>
 
 #include "cli/CommandHelp.h"
 #include "cli/EventJson.h"
+#include "cli/FileAnswers.h"
 #include "cli/Numbers.h"
 #include "cli/TerminalText.h"
-#include "engine/LookAhead.h"
-#include "engine/SortEngine.h"
 #include "media/ImageDecoder.h"
 #include "media/VideoDecoder.h"
+#include "platform/Numbers.h"
 
 namespace ornivo::cli {
 
@@ -27,14 +23,11 @@ const std::vector<Example> examples{
 };
 
 /// The measures of a file, or why there are none.
-using Reading = std::variant<PhotoQuality, std::string>;
+using Reading = AnswerOrReason<PhotoQuality>;
 
 Reading measure(const std::filesystem::path& file) {
     // What the classifier looks at; RAW files are measured at that size.
     constexpr int maxDimension = 640;
-    std::error_code failure;
-    if (!std::filesystem::exists(file, failure)) return "There is no such file.";
-    if (!std::filesystem::is_regular_file(file, failure)) return "It is not an ordinary file.";
     if (VideoDecoder::isVideo(file)) return "It is a clip; only photographs are measured.";
     const auto decoded = ImageDecoder::decode(file, maxDimension, true);
     if (!decoded) return "The file couldn't be read.";
@@ -54,31 +47,21 @@ std::string tagWords(const PhotoQuality& quality) {
 }
 
 std::string measureWords(const PhotoQuality& quality) {
-    return "sharpness " + withDecimals(quality.sharpness, 4) + ", mean luminance " +
-           withDecimals(quality.meanLuminance, 2) + ", clipped highlights " +
+    return "sharpness " + fixedText(quality.sharpness, 4) + ", mean luminance " +
+           fixedText(quality.meanLuminance, 2) + ", clipped highlights " +
            percentText(quality.clippedHighlights) + ", clipped shadows " +
            percentText(quality.clippedShadows) +
            (quality.iso ? ", ISO " + std::to_string(*quality.iso) : "");
 }
 
-void printWords(Console& console, const std::string& file, const Reading& reading) {
-    if (const auto* why = std::get_if<std::string>(&reading)) {
-        console.line(printable("✗ " + file + ": " + *why), Tone::error);
-        return;
-    }
-    const auto& quality = std::get<PhotoQuality>(reading);
+void printWords(Console& console, const std::string& file, const PhotoQuality& quality) {
     const bool isFaultless = quality.tags().empty();
     console.line(printable(file));
     console.line("  " + tagWords(quality), isFaultless ? Tone::accent : Tone::warning);
     console.line("  " + measureWords(quality), Tone::subdued);
 }
 
-void printJson(Console& console, const std::string& file, const Reading& reading) {
-    if (const auto* why = std::get_if<std::string>(&reading)) {
-        console.write(jsonLine({{"path", file}, {"error", *why}}));
-        return;
-    }
-    const auto& quality = std::get<PhotoQuality>(reading);
+void printJson(Console& console, const std::string& file, const PhotoQuality& quality) {
     Json tags = Json::array();
     for (const QualityTag tag : quality.tags()) tags.push_back(rawValue(tag));
     console.write(jsonLine({{"path", file},
@@ -101,16 +84,11 @@ QualityCommand::QualityCommand(CLI::App& parent)
 
 ExitCode QualityCommand::run(Console& console) {
     const std::vector<std::string>& files = files_->results();
-    const auto workers = std::min<std::size_t>(SortEngine::defaultWorkers(), files.size());
-    LookAhead<Reading> readings(files.size(), static_cast<unsigned>(workers),
-                                [&](std::size_t i) { return measure(files[i]); });
-    ExitCode code = ExitCode::done;
-    for (const auto& file : files) {
-        const Reading reading = readings.take();
-        if (std::holds_alternative<std::string>(reading)) code = ExitCode::someFailed;
-        json_ ? printJson(console, file, reading) : printWords(console, file, reading);
-    }
-    return code;
+    return tellOfEach<PhotoQuality>(files, workersFor(files.size()), console, json_, measure,
+                                    [&](const std::string& file, const PhotoQuality& quality) {
+                                        json_ ? printJson(console, file, quality)
+                                              : printWords(console, file, quality);
+                                    });
 }
 
 }  // namespace ornivo::cli

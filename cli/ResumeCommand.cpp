@@ -14,6 +14,7 @@
 #include "cli/RunConductor.h"
 #include "cli/TargetNotes.h"
 #include "cli/TargetSpecies.h"
+#include "cli/TerminalText.h"
 #include "engine/PausedRun.h"
 
 namespace ornivo::cli {
@@ -43,6 +44,17 @@ void addEarlierPart(const PausedRun& before, const fs::path& destination) {
     record->sortedSoFar = cappedSum(record->sortedSoFar, before.sortedSoFar);
     record->uncertainSoFar = cappedSum(record->uncertainSoFar, before.uncertainSoFar);
     record->write(destination, *files);
+}
+
+/// A stopped run leaves the record as it was, from which the next one would begin anew.
+void tellWhereTheRecordStands(const ResumedRun& resumed, Console& console) {
+    const fs::path next = resumed.scope.files.at(resumed.scope.startIndex()).filename();
+    const bool areOriginalsThere = resumed.options.mode == CopyMode::keep;
+    console.note(
+        printable("The paused run still stands at " + next.string() +
+                  ": resumed again, it would begin there" +
+                  (areOriginalsThere ? ", and file once more what has been filed since." : ".")),
+        Tone::warning);
 }
 
 }  // namespace
@@ -80,6 +92,9 @@ ExitCode ResumeCommand::run(Console& console) {
     if (!consents(resumed.scope, resumed.options, manner_, console)) return ExitCode::stopped;
     const ExitCode code = conductRun(resumed.scope, resumed.options, manner_, console);
     if (code == ExitCode::diskFull) addEarlierPart(*record, destination);
+    if (code == ExitCode::stopped && !manner_.dryRun) {
+        tellWhereTheRecordStands(resumed, console);
+    }
     return code;
 }
 

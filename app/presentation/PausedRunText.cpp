@@ -1,6 +1,7 @@
 #include "app/presentation/PausedRunText.h"
 
 #include "app/presentation/ScreenTexts.h"
+#include "engine/PausedRunWords.h"
 
 namespace ornivo::app {
 namespace {
@@ -33,10 +34,10 @@ PausedRunText pausedRunText(const PausedRun& run, double gate, const SortOptions
         "the folder stays consistent.");
     return {
         .summary = shown(run.summary()),
-        .explanation = shown(run.explanation()),
+        .explanation = shown(stopExplanation(run)),
         .from = sourceNames(run),
         .to = shownName(run.destination),
-        .calls = shown(run.callDescription()),
+        .calls = shown(callDescription(run)),
         .doneSoFar =
             QStringLiteral("%1 sorted · %2 to review").arg(run.sortedSoFar).arg(run.uncertainSoFar),
         .mismatch = settingsMatchNow(run, gate, options) ? QString() : mismatch,

@@ -123,6 +123,16 @@ const std::optional<Payload>& payload() {
     return credits;
 }
 
+bool rosterIsComplete() {
+    static const bool isComplete = rosterIsComplete(payload());
+    return isComplete;
+}
+
+const std::vector<std::string>& outstandingObligations() {
+    static const std::vector<std::string> owed = outstandingObligations(payload());
+    return owed;
+}
+
 const std::vector<Source>& sources() {
     static const std::vector<Source> none;
     return payload() ? payload()->training.sources : none;

@@ -89,6 +89,10 @@ std::vector<std::string> outstandingObligations(const std::optional<Payload>& pa
 /// The credits that ship with the program, read on first use; absent if they cannot be read.
 const std::optional<Payload>& payload();
 
+/// The answers for the credits that ship, worked out on first use.
+bool rosterIsComplete();
+const std::vector<std::string>& outstandingObligations();
+
 /// What the payload holds; none without one.
 const std::vector<Source>& sources();
 const std::vector<Component>& components();

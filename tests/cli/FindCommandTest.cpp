@@ -6,9 +6,11 @@
 #include <cctype>
 #include <map>
 #include <nlohmann/json.hpp>
+#include <regex>
 
 #include "cli/ResumeCommandLine.h"
 #include "cli/SortScene.h"
+#include "cli/TargetSpecies.h"
 #include "identification/BirdClassifierLabels.h"
 #include "support/PrivateTrash.h"
 #include "support/SmallDisk.h"
@@ -197,6 +199,36 @@ TEST_F(FindCommandTest, AFullDiskStopsASearchThatItsSpeciesBringOnAgain) {
     EXPECT_EQ(SortScene::filesIn(destination),
               (std::set<std::string>{chosen + "/IMG_0001.jpg", chosen + "/IMG_0002.jpg",
                                      chosen + "/IMG_0003.jpg", chosen + "/IMG_0004.jpg"}));
+}
+
+/// The birds that a text looks for in its examples of commands.
+std::vector<std::string> birdsInExamples(const std::string& text) {
+    const std::regex search("(?:ornivo-cli|run) find ([^\n\\[]*?) --in|--species (\"[^\"]*\")");
+    const std::regex word("\"([^\"]*)\"|(\\S+)");
+    const std::sregex_iterator end;
+    std::vector<std::string> birds;
+    for (std::sregex_iterator found(text.begin(), text.end(), search); found != end; ++found) {
+        const std::string words = (*found)[1].str() + (*found)[2].str();
+        for (std::sregex_iterator bird(words.begin(), words.end(), word); bird != end; ++bird) {
+            birds.push_back((*bird)[1].str() + (*bird)[2].str());
+        }
+    }
+    return birds;
+}
+
+TEST(FindExamples, NameOnlyBirdsThatAreKnown) {
+    const auto help = [](const Arguments& arguments) { return Program::run(arguments).out; };
+    EXPECT_EQ(birdsInExamples(help({"find", "--help"})),
+              (std::vector<std::string>{"Bald Eagle", "osprey", "Common Hoopoe", "upupa epops"}));
+    for (const std::string& text :
+         {help({"--help"}), help({"find", "--help"}), help({"resume", "--help"}),
+          readFile(fs::path(ORNIVO_SOURCE_DIR) / "README.md")}) {
+        const auto birds = birdsInExamples(text);
+        EXPECT_FALSE(birds.empty()) << text;
+        for (const std::string& bird : birds) {
+            EXPECT_EQ(unrecognisedMessage(targetSpecies({bird})), "") << bird;
+        }
+    }
 }
 
 }  // namespace ornivo::cli

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <csignal>
 #include <limits>
 #include <nlohmann/json.hpp>
 
@@ -217,6 +218,33 @@ TEST_F(ResumeCommandTest, ADryRunWritesNothing) {
     EXPECT_TRUE(ending.out.ends_with("\nDry run: nothing was written.\n"));
     EXPECT_TRUE(hasRecord());
     EXPECT_TRUE(filed().empty());
+}
+
+TEST_F(ResumeCommandTest, AStopSaysWhereTheRecordStillStands) {
+    constexpr int files = 200;
+    for (int i = 5; i <= files; ++i) {
+        const std::string name = "IMG_" + std::to_string(10'000 + i) + ".jpg";
+        fs::copy_file(scene.in / "IMG_0001.jpg", scene.in / name);
+        record.sourcePaths.push_back((scene.in / name).string());
+    }
+    record.totalPhotos = files;
+    const std::string keeping = ", and file once more what has been filed since.\n";
+    for (const auto& [copyMode, consequence] :
+         {std::pair("keep", keeping), std::pair("delete", std::string(".\n"))}) {
+        record.copyMode = copyMode;
+        ASSERT_TRUE(record.write(scene.out, *Files::system()));
+        Program program({"resume", scene.out.string(), "--yes"});
+        ASSERT_TRUE(program.waitForOutput("IMG_0003.jpg: "));
+        program.send(SIGINT);
+        const Ending ending = program.finish();
+        EXPECT_EQ(ending.code, 3);
+        EXPECT_TRUE(
+            ending.err.ends_with("The paused run still stands at IMG_0003.jpg: resumed again, it "
+                                 "would begin there" +
+                                 consequence))
+            << ending.err;
+        EXPECT_EQ(PausedRun::read(scene.out, *Files::system()), record);
+    }
 }
 
 /// A disk that can be filled and freed by hand.

@@ -137,4 +137,10 @@ TEST(Credits, TheShippedCreditsAreThere) {
     EXPECT_EQ(images, payload()->training.imagesTotal);
 }
 
+TEST(Credits, WhatIsSaidOfTheShippedCreditsIsWorkedOutOnce) {
+    EXPECT_EQ(rosterIsComplete(), rosterIsComplete(payload()));
+    EXPECT_EQ(outstandingObligations(), outstandingObligations(payload()));
+    EXPECT_EQ(&outstandingObligations(), &outstandingObligations());
+}
+
 }  // namespace ornivo::Credits
