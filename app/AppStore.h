@@ -89,6 +89,8 @@ class AppStore : public QObject {
     /// A PausedRun.
     Q_PROPERTY(QVariant pausedRun READ pausedRunValue NOTIFY pausedRunChanged)
 
+    Q_PROPERTY(bool isFilingDecisions READ isFilingDecisions NOTIFY isFilingDecisionsChanged)
+
     Q_PROPERTY(bool showingSettings READ showingSettings WRITE setShowingSettings NOTIFY
                    showingSettingsChanged)
     Q_PROPERTY(
@@ -161,6 +163,9 @@ public:
     const std::optional<int>& pausedAtIndex() const { return pausedAtIndex_; }
     const std::optional<PausedRun>& pausedRun() const { return pausedRun_; }
 
+    /// Whether pasted decisions are being filed.
+    bool isFilingDecisions() const { return isFilingDecisions_; }
+
     bool showingSettings() const { return showingSettings_; }
     bool pickingSource() const { return pickingSource_; }
     bool pickingSink() const { return pickingSink_; }
@@ -189,7 +194,8 @@ public:
     void setAssumedRegionID(const QString& id);
     void setBursts(Bursts bursts);
 
-    /// Adopts a source and scans it in the background.
+    /// Adopts a source and scans it in the background. During a run the folders stay as they are,
+    /// also in all that follows here.
     void setSource(const std::filesystem::path& folder);
     /// Adopts a destination, and looks for the record of a run that stopped there.
     void setSink(const std::filesystem::path& folder);
@@ -201,10 +207,9 @@ public:
     Q_INVOKABLE void chooseRecentSink(int index);
     /// Folders dropped on the window. A single one becomes the sink if only that is missing;
     /// otherwise the first becomes the source and the second, if there is one, the sink. What is no
-    /// folder is ignored, and during a run everything is.
+    /// folder is ignored.
     Q_INVOKABLE void takeDropped(const QList<QUrl>& folders);
-    /// Folders named at the start of the program: a source and perhaps a sink, under the same
-    /// conditions.
+    /// Folders named at the start of the program: a source and perhaps a sink.
     void open(const std::vector<std::filesystem::path>& folders);
 
     /// The primary button: starts a new run when everything is ready.
@@ -215,8 +220,8 @@ public:
     Q_INVOKABLE void stop();
 
     Q_INVOKABLE void loadPausedRun();
-    /// Goes on with the run of the record, at its gate. Starts nothing unless there are files
-    /// scanned that the record can belong to.
+    /// Goes on with the run of the record, at its gate. Starts nothing unless the file at which it
+    /// stopped is among those scanned: a run over nothing would end well and forget the record.
     Q_INVOKABLE void resumePausedRun();
     /// Deletes the record; what was filed stays.
     Q_INVOKABLE void discardPausedRun();
@@ -229,8 +234,8 @@ public:
 
     using DecisionsTaker = std::function<void(const std::optional<ReviewDecisions::Outcome>&)>;
     /// Files the decisions in a text copied from the review page into the sink, in the background,
-    /// and then tells `take` what became of them: nothing when the text holds none. Without a sink
-    /// nothing happens.
+    /// and then tells `take` what became of them: nothing when the text holds none. Without a sink,
+    /// or while others are being filed, nothing happens.
     void fileDecisions(std::string pasted, DecisionsTaker take);
 
     QUrl sourceUrl() const;
@@ -272,6 +277,7 @@ Q_SIGNALS:
     void sortResultChanged();
     void findResultChanged();
     void pausedRunChanged();
+    void isFilingDecisionsChanged();
     void showingSettingsChanged();
     void pickingSourceChanged();
     void pickingSinkChanged();
@@ -291,6 +297,7 @@ private:
     void startRun(std::size_t startIndex);
     void clearRunFindings();
     void endRun();
+    void setFilingDecisions(bool filing);
     void setJobState(JobState state);
     void setProgress(std::optional<ProgressUpdate> progress);
 
@@ -328,6 +335,7 @@ private:
     std::optional<FindResult> findResult_;
     std::optional<int> pausedAtIndex_;
     std::optional<PausedRun> pausedRun_;
+    bool isFilingDecisions_ = false;
     bool showingSettings_ = false;
     bool pickingSource_ = false;
     bool pickingSink_ = false;

@@ -5,7 +5,8 @@
 namespace ornivo::app {
 
 void AppStore::fileDecisions(std::string pasted, DecisionsTaker take) {
-    if (!sink_) return;
+    if (!sink_ || isFilingDecisions_) return;
+    setFilingDecisions(true);
     filing_.run(
         BackgroundWork::Priority::userInitiated,
         [pasted = std::move(pasted), sink = *sink_,
@@ -14,7 +15,15 @@ void AppStore::fileDecisions(std::string pasted, DecisionsTaker take) {
             if (decisions.empty()) return std::nullopt;
             return ReviewDecisions::apply(decisions, sink, *files);
         },
-        std::move(take));
+        [this, take = std::move(take)](const auto& outcome) {
+            setFilingDecisions(false);
+            take(outcome);
+        });
+}
+
+void AppStore::setFilingDecisions(bool filing) {
+    isFilingDecisions_ = filing;
+    Q_EMIT isFilingDecisionsChanged();
 }
 
 }  // namespace ornivo::app

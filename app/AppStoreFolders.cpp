@@ -19,6 +19,7 @@ bool isFolder(const fs::path& path) {
 }  // namespace
 
 void AppStore::setSource(const fs::path& folder) {
+    if (jobState_ != JobState::idle) return;
     recentFolders_.add(folder, RecentFoldersStore::Kind::source);
     source_ = folder;
     Q_EMIT sourceChanged();
@@ -68,6 +69,7 @@ void AppStore::takeScan(FileScanner::Scan found) {
 }
 
 void AppStore::setSink(const fs::path& folder) {
+    if (jobState_ != JobState::idle) return;
     recentFolders_.add(folder, RecentFoldersStore::Kind::destination);
     sink_ = folder;
     Q_EMIT sinkChanged();
@@ -103,7 +105,7 @@ void AppStore::takeDropped(const QList<QUrl>& urls) {
     }
     std::erase_if(folders, [](const fs::path& folder) { return !isFolder(folder); });
     const bool onlySinkIsMissing = source_ && !sink_;
-    if (folders.size() == 1 && onlySinkIsMissing && jobState_ == JobState::idle) {
+    if (folders.size() == 1 && onlySinkIsMissing) {
         setSink(folders.front());
     } else {
         open(folders);
@@ -111,7 +113,6 @@ void AppStore::takeDropped(const QList<QUrl>& urls) {
 }
 
 void AppStore::open(const std::vector<fs::path>& folders) {
-    if (jobState_ != JobState::idle) return;
     if (!folders.empty()) setSource(folders[0]);
     if (folders.size() > 1) setSink(folders[1]);
 }

@@ -45,7 +45,7 @@ void AppStore::tapPrimaryCTA() {
 }
 
 void AppStore::startRun(std::size_t startIndex) {
-    if (!scan_ || !sink_ || startIndex > scan_->paths.size()) return;
+    if (!scan_ || !sink_ || startIndex >= scan_->paths.size()) return;
     setJobState(JobState::running);
     if (startIndex == 0) clearRunFindings();
     setProgress(ProgressUpdate{static_cast<int>(startIndex), scan_->total, {}, {}, 0});

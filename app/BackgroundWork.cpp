@@ -1,6 +1,7 @@
 #include "app/BackgroundWork.h"
 
 #include <QMetaObject>
+#include <QThread>
 
 namespace ornivo::app {
 namespace {
@@ -12,16 +13,25 @@ constexpr int threadLimit = 8;
 }  // namespace
 
 BackgroundWork::BackgroundWork() {
-    threads_.setMaxThreadCount(threadLimit);
+    for (QThreadPool* const threads : {&useful_, &awaited_}) {
+        threads->setMaxThreadCount(threadLimit);
+    }
+    useful_.setThreadPriority(QThread::IdlePriority);
 }
 
 BackgroundWork::~BackgroundWork() {
-    threads_.clear();
-    threads_.waitForDone();
+    useful_.clear();
+    awaited_.clear();
+    finish();
+}
+
+void BackgroundWork::finish() {
+    useful_.waitForDone();
+    awaited_.waitForDone();
 }
 
 void BackgroundWork::start(Priority priority, std::function<void()> work) {
-    threads_.start(std::move(work), static_cast<int>(priority));
+    threadsFor(priority).start(std::move(work));
 }
 
 void BackgroundWork::post(std::function<void()> step) {

@@ -14,7 +14,7 @@ namespace ornivo::app {
 /// thread, in the order in which it gets ready. Once this object has gone, nothing is handed back.
 class BackgroundWork {
 public:
-    /// What the user waits for comes before what is merely useful.
+    /// What the user waits for, and what is merely useful: that works when nothing else does.
     enum class Priority { utility, userInitiated };
 
     BackgroundWork();
@@ -35,15 +35,19 @@ public:
     }
 
     /// Waits for all work; what is to be handed back is still to come.
-    void finish() { threads_.waitForDone(); }
+    void finish();
 
 private:
+    QThreadPool& threadsFor(Priority priority) {
+        return priority == Priority::utility ? useful_ : awaited_;
+    }
     void start(Priority priority, std::function<void()> work);
     void post(std::function<void()> step);
 
     /// Lives on the main thread; steps still on their way to it go with it.
     QObject home_;
-    QThreadPool threads_;
+    QThreadPool useful_;
+    QThreadPool awaited_;
 };
 
 }  // namespace ornivo::app

@@ -3,9 +3,10 @@
 #include <QDBusConnection>
 #include <QGuiApplication>
 #include <QQuickWindow>
-#include <QVariantMap>
+#include <QThreadPool>
 
 #include "app/DeferredIdentifier.h"
+#include "app/MainWindow.h"
 #include "app/desktop/DBusFileManager.h"
 #include "app/desktop/DBusLauncherEntry.h"
 #include "app/desktop/DBusNotifications.h"
@@ -14,13 +15,20 @@
 #include "identification/SeasonTable.h"
 #include "platform/Resources.h"
 
-/// Made by Qt's build tools from the types marked for QML.
-extern void qml_register_types_Ornivo();
-
 namespace ornivo::app {
 namespace {
 
+/// The first screen that reads the tables shouldn't have to wait for them.
+void loadTables() {
+    QThreadPool::globalInstance()->start([] {
+        AppStore::rangeTable();
+        AppStore::gazetteer();
+    });
+}
+
 AppServices servicesWith(QSettings& preferences) {
+    // What another file of settings says would come back when the user takes his choice back.
+    preferences.setFallbacksEnabled(false);
     AppServices services;
     services.identifier = bundledIdentifier();
     services.preferences = &preferences;
@@ -47,7 +55,8 @@ OrnivoApp::OrnivoApp()
       companion_(std::make_unique<RunCompanion>(*store_, desktopServices(), [] {
           return QGuiApplication::applicationState() == Qt::ApplicationActive;
       })) {
-    connect(companion_.get(), &RunCompanion::windowWanted, this, [this] { raise(); });
+    connect(companion_.get(), &RunCompanion::windowWanted, this, &OrnivoApp::raise);
+    connect(this, &OrnivoApp::shown, &loadTables);
 }
 
 OrnivoApp::~OrnivoApp() {
@@ -64,35 +73,25 @@ RunCompanion::Services OrnivoApp::desktopServices() const {
 bool OrnivoApp::open(const std::vector<std::filesystem::path>& folders) {
     // Without its data the program is none; better to say so now than at the first run.
     Resources::bundle();
-    // Named, so that the linker keeps what registers the types when QML first imports them.
-    [[maybe_unused]] void (*const volatile types)() = &qml_register_types_Ornivo;
-    qml_.setInitialProperties({{QStringLiteral("store"), QVariant::fromValue(store_.get())},
-                               {QStringLiteral("updater"), QVariant::fromValue(&updater_)},
-                               {QStringLiteral("desktop"), QVariant::fromValue(&desktop_)}});
-    qml_.load(QUrl(QStringLiteral("qrc:/qt-project.org/imports/Ornivo/Main.qml")));
-    if (!window()) return false;
-    connect(window(), &QQuickWindow::frameSwapped, this, &OrnivoApp::shown,
+    window_ = showMainWindow(qml_, *store_, updater_, desktop_);
+    if (!window_) return false;
+    connect(window_, &QQuickWindow::frameSwapped, this, &OrnivoApp::shown,
             Qt::ConnectionType(Qt::QueuedConnection | Qt::SingleShotConnection));
     store_->open(folders);
     return true;
 }
 
 void OrnivoApp::raise(const QByteArray& token) {
-    if (!window()) return;
+    if (!window_) return;
     if (!token.isEmpty()) qputenv("XDG_ACTIVATION_TOKEN", token);
-    if (window()->visibility() == QWindow::Minimized) window()->showNormal();
-    window()->raise();
-    window()->requestActivate();
+    if (window_->visibility() == QWindow::Minimized) window_->showNormal();
+    window_->raise();
+    window_->requestActivate();
 }
 
 void OrnivoApp::close() {
     store_->close();
     preferences_.sync();
-}
-
-QQuickWindow* OrnivoApp::window() const {
-    const auto roots = qml_.rootObjects();
-    return roots.isEmpty() ? nullptr : qobject_cast<QQuickWindow*>(roots.first());
 }
 
 }  // namespace ornivo::app

@@ -41,7 +41,6 @@ Q_SIGNALS:
     void shown();
 
 private:
-    QQuickWindow* window() const;
     RunCompanion::Services desktopServices() const;
 
     QSettings preferences_;
@@ -52,6 +51,8 @@ private:
     Desktop desktop_;
     std::unique_ptr<RunCompanion> companion_;
     QQmlApplicationEngine qml_;
+    /// The engine's; null before it is open.
+    QQuickWindow* window_ = nullptr;
 };
 
 /// The identifier that ships with the program, being made.

@@ -49,7 +49,8 @@ void RunCompanion::tellEnd() {
 }
 
 void RunCompanion::notify(const RunNotice& notice) {
-    services_.notifications->show(notice.title, notice.body, [this] { Q_EMIT windowWanted(); });
+    services_.notifications->show(notice.title, notice.body,
+                                  [this](const QByteArray& token) { Q_EMIT windowWanted(token); });
 }
 
 }  // namespace ornivo::app

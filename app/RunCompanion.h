@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QObject>
 #include <functional>
 #include <memory>
@@ -31,8 +32,8 @@ public:
                  QObject* parent = nullptr);
 
 Q_SIGNALS:
-    /// The user has pressed the notification.
-    void windowWanted();
+    /// The user has pressed the notification. `token` entitles the window to come to the front.
+    void windowWanted(const QByteArray& token);
 
 private:
     void followJob();

@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QList>
 #include <QLocalSocket>
+#include <QStandardPaths>
 
 namespace ornivo::app {
 namespace {
@@ -31,6 +32,12 @@ SingleInstance::Request decoded(const QByteArray& bytes) {
 }
 
 }  // namespace
+
+QString SingleInstance::usualFolder() {
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+    const QString sandboxed = qEnvironmentVariable("FLATPAK_ID");
+    return sandboxed.isEmpty() ? folder : folder + QStringLiteral("/app/") + sandboxed;
+}
 
 SingleInstance::SingleInstance(const QString& folder, QObject* parent)
     : QObject(parent),
@@ -69,7 +76,9 @@ void SingleInstance::receive() {
     while (QLocalSocket* const socket = server_.nextPendingConnection()) {
         socket->setReadBufferSize(longestRequest);
         const auto take = [this, socket] {
-            Q_EMIT requested(decoded(socket->readAll()));
+            // One that has gone without a word can't be read any more.
+            const bool hasSpoken = socket->bytesAvailable() > 0;
+            Q_EMIT requested(decoded(hasSpoken ? socket->readAll() : QByteArray()));
             socket->deleteLater();
         };
         // It may be all over before it could be watched.

@@ -25,7 +25,11 @@ public:
         bool operator==(const Request&) const = default;
     };
 
-    /// `folder` is the user's own, usually $XDG_RUNTIME_DIR.
+    /// The user's own folder that all starts of the program see. Each sandbox has a
+    /// $XDG_RUNTIME_DIR of its own, but for one folder in it.
+    static QString usualFolder();
+
+    /// `folder` must be there already, and nobody else's.
     explicit SingleInstance(const QString& folder, QObject* parent = nullptr);
 
     /// Whether this start is the first. It is then the one that gets the requests of later ones.

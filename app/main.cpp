@@ -1,6 +1,5 @@
 #include <QGuiApplication>
 #include <QIcon>
-#include <QStandardPaths>
 #include <cstdio>
 #include <cstdlib>
 
@@ -66,7 +65,7 @@ int main(int argc, char** argv) {
     QGuiApplication application(argc, argv);
     introduce(application);
 
-    SingleInstance instance(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation));
+    SingleInstance instance(SingleInstance::usualFolder());
     if (!instance.claim()) {
         const QByteArray token = qgetenv("XDG_ACTIVATION_TOKEN");
         if (instance.handOver({arguments->folders, token})) return EXIT_SUCCESS;

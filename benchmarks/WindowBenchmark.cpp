@@ -15,10 +15,9 @@
 
 #include "app/AppStore.h"
 #include "app/Desktop.h"
+#include "app/MainWindow.h"
 #include "app/UpdaterController.h"
 #include "identification/UnavailableBirdIdentifier.h"
-
-extern void qml_register_types_Ornivo();
 
 namespace {
 
@@ -80,7 +79,6 @@ private:
 }  // namespace
 
 int main(int argc, char** argv) {
-    [[maybe_unused]] void (*const volatile types)() = &qml_register_types_Ornivo;
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QGuiApplication application(argc, argv);
     const QTemporaryDir home;
@@ -98,17 +96,13 @@ int main(int argc, char** argv) {
     NoFileManager files;
     Desktop desktop(files);
     QQmlApplicationEngine qml;
-    qml.setInitialProperties({{QStringLiteral("store"), QVariant::fromValue(&store)},
-                              {QStringLiteral("updater"), QVariant::fromValue(&updater)},
-                              {QStringLiteral("desktop"), QVariant::fromValue(&desktop)}});
-    qml.load(QUrl(QStringLiteral("qrc:/qt-project.org/imports/Ornivo/Main.qml")));
+    const QQuickWindow* const window = showMainWindow(qml, store, updater, desktop);
 
     int frames = 0;
     int announcements = 0;
     Absences absences;
     QElapsedTimer run;
-    QObject::connect(qobject_cast<QQuickWindow*>(qml.rootObjects().value(0)),
-                     &QQuickWindow::frameSwapped, &store, [&] { ++frames; });
+    QObject::connect(window, &QQuickWindow::frameSwapped, &store, [&] { ++frames; });
     QObject::connect(&store, &AppStore::progressChanged, [&] { ++announcements; });
     QObject::connect(&store, &AppStore::foldersReadyChanged, [&] {
         if (!store.foldersReady() || run.isValid()) return;

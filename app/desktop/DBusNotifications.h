@@ -1,8 +1,8 @@
 #pragma once
 
+#include <QByteArray>
 #include <QDBusConnection>
 #include <QObject>
-#include <functional>
 
 #include "app/desktop/Notifications.h"
 
@@ -15,16 +15,19 @@ class DBusNotifications final : public QObject, public Notifications {
 public:
     explicit DBusNotifications(const QDBusConnection& bus);
 
-    void show(const QString& title, const QString& body, std::function<void()> activated) override;
+    void show(const QString& title, const QString& body, Activated activated) override;
 
 private Q_SLOTS:
+    /// Comes before the action that it is for.
+    void activationToken(uint id, const QString& token);
     void actionInvoked(uint id, const QString& action);
 
 private:
     QDBusConnection bus_;
     /// Of the notification that stands, 0 for none.
     uint id_ = 0;
-    std::function<void()> activated_;
+    QByteArray token_;
+    Activated activated_;
 };
 
 }  // namespace ornivo::app

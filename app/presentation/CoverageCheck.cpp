@@ -1,6 +1,5 @@
 #include "app/presentation/CoverageCheck.h"
 
-#include "app/presentation/TargetSpeciesText.h"
 #include "identification/BirdClassifierLabels.h"
 
 namespace ornivo::app {

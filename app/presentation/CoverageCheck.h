@@ -5,6 +5,7 @@
 #include <QObject>
 #include <QString>
 
+#include "app/presentation/CoverageText.h"
 #include "app/presentation/SpeciesMatches.h"
 
 namespace ornivo::app {
@@ -18,7 +19,7 @@ class CoverageCheck : public QObject {
     Q_PROPERTY(QString extent READ extent CONSTANT)
     /// Empty until enough has been typed.
     Q_PROPERTY(QString line READ line NOTIFY queryChanged)
-    Q_PROPERTY(bool isCovered READ isCovered NOTIFY queryChanged)
+    Q_PROPERTY(ornivo::app::Mark mark READ mark NOTIFY queryChanged)
     Q_PROPERTY(ornivo::app::SpeciesMatches* matches READ matches CONSTANT)
 
 public:
@@ -28,7 +29,7 @@ public:
     void setQuery(const QString& query);
     QString extent() const;
     QString line() const;
-    bool isCovered() const { return matches_.count() > 0; }
+    Mark mark() const { return coverageMark(matches_.matches().size()); }
     SpeciesMatches* matches() { return &matches_; }
 
 Q_SIGNALS:

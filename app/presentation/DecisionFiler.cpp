@@ -7,8 +7,7 @@
 namespace ornivo::app {
 
 void DecisionFiler::fileClipboard() {
-    if (isFiling_ || !store()->sink()) return;
-    isFiling_ = true;
+    if (!store()->sink() || store()->isFilingDecisions()) return;
     note_.clear();
     Q_EMIT changed();
     // The sheet may be closed before all is filed; the store files on.
@@ -19,7 +18,6 @@ void DecisionFiler::fileClipboard() {
 }
 
 void DecisionFiler::take(const std::optional<ReviewDecisions::Outcome>& outcome) {
-    isFiling_ = false;
     isSuccess_ = outcome && outcome->moved >= 1;
     note_ = outcome ? QString::fromStdString(ReviewDecisions::statusText(*outcome))
                     : QString::fromUtf8(ReviewDecisions::nothingToFile);

@@ -15,7 +15,6 @@ class DecisionFiler : public StorePresenter {
     Q_OBJECT
     QML_ELEMENT
 
-    Q_PROPERTY(bool isFiling READ isFiling NOTIFY changed)
     /// What became of the last paste; empty before the first.
     Q_PROPERTY(QString note READ note NOTIFY changed)
     /// Whether it filed a photograph at least.
@@ -24,11 +23,11 @@ class DecisionFiler : public StorePresenter {
 public:
     using StorePresenter::StorePresenter;
 
-    bool isFiling() const { return isFiling_; }
     QString note() const { return note_; }
     bool isSuccess() const { return isSuccess_; }
 
-    /// Files the decisions on the clipboard into the sink, in the background.
+    /// Files the decisions on the clipboard into the sink, in the background. Nothing happens
+    /// without a sink, or while others are being filed.
     Q_INVOKABLE void fileClipboard();
 
 Q_SIGNALS:
@@ -40,7 +39,6 @@ protected:
 private:
     void take(const std::optional<ReviewDecisions::Outcome>& outcome);
 
-    bool isFiling_ = false;
     QString note_;
     bool isSuccess_ = false;
 };

@@ -8,6 +8,7 @@ namespace ornivo::app {
 void FoldersPresenter::follow(AppStore& store) {
     connect(&store, &AppStore::sourceChanged, this, &FoldersPresenter::refreshSource);
     connect(&store, &AppStore::sinkChanged, this, &FoldersPresenter::refreshSink);
+    connect(&store, &AppStore::jobStateChanged, this, &FoldersPresenter::refreshLock);
     for (const auto changed :
          {&AppStore::scanningChanged, &AppStore::scanRefusalChanged, &AppStore::scanChanged}) {
         connect(&store, changed, this, &FoldersPresenter::refreshStatus);
@@ -17,19 +18,25 @@ void FoldersPresenter::follow(AppStore& store) {
             &FoldersPresenter::refreshRecent);
     refreshSource();
     refreshSink();
+    refreshLock();
     refreshStatus();
     refreshAdvice();
     refreshRecent();
 }
 
 void FoldersPresenter::refreshSource() {
-    source_ = shownPath(store()->source());
+    source_ = folderLine(store()->source(), sourceHint());
     Q_EMIT sourceChanged();
 }
 
 void FoldersPresenter::refreshSink() {
-    sink_ = shownPath(store()->sink());
+    sink_ = folderLine(store()->sink(), sinkHint());
     Q_EMIT sinkChanged();
+}
+
+void FoldersPresenter::refreshLock() {
+    isLocked_ = store()->jobState() != JobState::idle;
+    Q_EMIT lockedChanged();
 }
 
 void FoldersPresenter::refreshStatus() {

@@ -14,9 +14,13 @@ class FoldersPresenter : public StorePresenter {
     Q_OBJECT
     QML_ELEMENT
 
-    /// Empty while no folder is chosen.
-    Q_PROPERTY(QString source READ source NOTIFY sourceChanged)
-    Q_PROPERTY(QString sink READ sink NOTIFY sinkChanged)
+    /// Each folder's path, or its hint while none is chosen.
+    Q_PROPERTY(ornivo::app::TonedText source READ source NOTIFY sourceChanged)
+    Q_PROPERTY(ornivo::app::TonedText sink READ sink NOTIFY sinkChanged)
+    Q_PROPERTY(QString sourceHint READ sourceHint CONSTANT)
+    Q_PROPERTY(QString sinkHint READ sinkHint CONSTANT)
+    /// Whether the folders can't be changed now.
+    Q_PROPERTY(bool isLocked READ isLocked NOTIFY lockedChanged)
     Q_PROPERTY(ornivo::app::TonedText status READ status NOTIFY statusChanged)
     Q_PROPERTY(ornivo::app::TonedText advice READ advice NOTIFY adviceChanged)
     /// `RecentFolder`s, in the order of the store's.
@@ -26,8 +30,11 @@ class FoldersPresenter : public StorePresenter {
 public:
     using StorePresenter::StorePresenter;
 
-    const QString& source() const { return source_; }
-    const QString& sink() const { return sink_; }
+    const TonedText& source() const { return source_; }
+    const TonedText& sink() const { return sink_; }
+    QString sourceHint() const { return app::sourceHint(); }
+    QString sinkHint() const { return app::sinkHint(); }
+    bool isLocked() const { return isLocked_; }
     const TonedText& status() const { return status_; }
     const TonedText& advice() const { return advice_; }
     const QVariantList& recentSources() const { return recentSources_; }
@@ -36,6 +43,7 @@ public:
 Q_SIGNALS:
     void sourceChanged();
     void sinkChanged();
+    void lockedChanged();
     void statusChanged();
     void adviceChanged();
     void recentChanged();
@@ -46,12 +54,14 @@ protected:
 private:
     void refreshSource();
     void refreshSink();
+    void refreshLock();
     void refreshStatus();
     void refreshAdvice();
     void refreshRecent();
 
-    QString source_;
-    QString sink_;
+    TonedText source_;
+    TonedText sink_;
+    bool isLocked_ = false;
     TonedText status_;
     TonedText advice_;
     QVariantList recentSources_;

@@ -39,8 +39,17 @@ TonedText spaceAdvice(const std::optional<SpaceEstimate>& estimate, const std::s
     return {shown(estimate->advice(locale)), toneOf(estimate->verdict)};
 }
 
-QString shownPath(const std::optional<std::filesystem::path>& folder) {
-    return folder ? shown(folder->string()) : QString();
+TonedText folderLine(const std::optional<std::filesystem::path>& folder, const QString& hint) {
+    if (!folder) return {hint, Tone::Subtext};
+    return {onOneLine(shown(folder->string())), Tone::Plain};
+}
+
+QString sourceHint() {
+    return QStringLiteral("Where your unsorted photos live");
+}
+
+QString sinkHint() {
+    return QStringLiteral("Where sorted bird folders will be created");
 }
 
 }  // namespace ornivo::app

@@ -26,7 +26,10 @@ TonedText sourceStatus(const SourceState& state, const std::string& locale = {})
 /// What is to be said of the room that a run will need.
 TonedText spaceAdvice(const std::optional<SpaceEstimate>& estimate, const std::string& locale = {});
 
-/// The whole path of a folder; empty for none.
-QString shownPath(const std::optional<std::filesystem::path>& folder);
+/// The whole path of a folder, or while there is none what it is for.
+TonedText folderLine(const std::optional<std::filesystem::path>& folder, const QString& hint);
+
+QString sourceHint();
+QString sinkHint();
 
 }  // namespace ornivo::app

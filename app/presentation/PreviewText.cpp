@@ -13,7 +13,7 @@ QString folder(const QString& name) {
 }  // namespace
 
 QString previewHeading(const std::optional<std::filesystem::path>& sink) {
-    return sink ? shown(sink->string()) : QStringLiteral("/your/sink/folder");
+    return sink ? onOneLine(shown(sink->string())) : QStringLiteral("/your/sink/folder");
 }
 
 std::vector<PreviewLine> sortPreview(bool dateSubfolders) {

@@ -11,7 +11,7 @@ namespace ornivo::app {
 namespace {
 
 QString line(const std::string& folder, int count) {
-    return QStringLiteral("• %1: %2").arg(shown(folder), QString::number(count));
+    return QStringLiteral("• %1: %2").arg(onOneLine(shown(folder)), QString::number(count));
 }
 
 }  // namespace
@@ -28,7 +28,7 @@ ProgressText progressText(const ProgressUpdate& progress, AppMode mode, JobState
             progress.total < 1 ? 0 : std::clamp(double(progress.current) / progress.total, 0., 1.),
         .count = isPaused ? QStringLiteral("Paused — ") + count : count,
         .percent = QStringLiteral("%1%").arg(percentage(progress.current, progress.total)),
-        .fileName = shown(progress.fileName),
+        .fileName = onOneLine(shown(progress.fileName)),
     };
 }
 

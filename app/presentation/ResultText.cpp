@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "app/presentation/RunWords.h"
 #include "app/presentation/ScreenTexts.h"
 
 namespace ornivo::app {
@@ -32,10 +33,7 @@ void appendTroubles(Lines& lines, const Result& result) {
 
 template <typename Result>
 Lines diskFullLines(const Result& result, const std::optional<std::filesystem::path>& sink) {
-    const QString sinkName = sink ? shownName(*sink) : QStringLiteral("The destination");
-    const QString reached =
-        QStringLiteral("Stopped at photo %1 of %2").arg(result.processed).arg(result.total);
-    return {{reached + QStringLiteral(" — ") + sinkName + QStringLiteral(" is full"), Tone::Error},
+    return {{diskFullWords(result.processed, result.total, sink), Tone::Error},
             {QStringLiteral(
                  "Free some space and resume — the rest are untouched in your source folder"),
              Tone::Subtext}};
@@ -70,15 +68,13 @@ std::vector<TonedText> warningRows(const std::vector<std::string>& warnings) {
 ResultText resultText(const SortResult& result, const std::optional<std::filesystem::path>& sink) {
     ResultText text;
     Lines& outcome = text.outcome;
-    outcome.push_back(
-        line(QStringLiteral("✓ %1 photos sorted into bird folders"), result.sorted, Tone::Accent));
+    outcome.push_back({sortedWords(result.sorted), Tone::Accent});
     if (result.burstPromoted >= 1) {
         outcome.push_back(
             line(QStringLiteral("↳ %1 of those came from their burst, not their own confidence"),
                  result.burstPromoted, Tone::Subtext));
     }
-    outcome.push_back(
-        line(QStringLiteral("? %1 moved to _Uncertain/"), result.unidentified, Tone::Subtext));
+    outcome.push_back({uncertainWords(result.unidentified), Tone::Subtext});
     appendTroubles(outcome, result);
     text.warnings = warningRows(result.warnings);
     text.ending = stopLines(result, sink);
@@ -91,10 +87,9 @@ ResultText resultText(const SortResult& result, const std::optional<std::filesys
 
 ResultText resultText(const FindResult& result, const std::optional<std::filesystem::path>& sink) {
     ResultText text;
-    text.outcome = {
-        line(QStringLiteral("✓ %1 photos matched and copied"), result.matched, Tone::Accent),
-        line(QStringLiteral("~ %1 scanned, no match"), result.scanned - result.matched,
-             Tone::Subtext)};
+    text.outcome = {{matchedWords(result.matched), Tone::Accent},
+                    line(QStringLiteral("~ %1 scanned, no match"), result.scanned - result.matched,
+                         Tone::Subtext)};
     appendTroubles(text.outcome, result);
     text.warnings = warningRows(result.warnings);
     // A search that the user stopped has no line of its own about that.

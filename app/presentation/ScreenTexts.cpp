@@ -1,17 +1,32 @@
 #include "app/presentation/ScreenTexts.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "platform/Paths.h"
 
 namespace ornivo::app {
+namespace {
+
+bool isControl(QChar letter) {
+    const QChar::Category category = letter.category();
+    return category == QChar::Other_Control || category == QChar::Separator_Line ||
+           category == QChar::Separator_Paragraph;
+}
+
+}  // namespace
 
 QString shown(const std::string& text) {
     return QString::fromStdString(text);
 }
 
+QString onOneLine(QString text) {
+    std::replace_if(text.begin(), text.end(), isControl, QLatin1Char(' '));
+    return text;
+}
+
 QString shownName(const std::filesystem::path& path) {
-    return shown(lastPathComponent(path));
+    return onOneLine(shown(lastPathComponent(path)));
 }
 
 int percentage(int part, int whole) {

@@ -16,6 +16,7 @@ class SettingsPresenter : public StorePresenter {
     QML_ELEMENT
 
     Q_PROPERTY(QString modelNote READ modelNote CONSTANT)
+    Q_PROPERTY(QString reviewNote READ reviewNote CONSTANT)
     Q_PROPERTY(bool hasSink READ hasSink NOTIFY changed)
     /// `Choice`s.
     Q_PROPERTY(QVariantList bursts READ bursts CONSTANT)
@@ -29,6 +30,7 @@ public:
     using StorePresenter::StorePresenter;
 
     QString modelNote() const;
+    QString reviewNote() const { return app::reviewNote(); }
     bool hasSink() const { return hasSink_; }
     QVariantList bursts() const { return variants(burstChoices()); }
     int burst() const { return static_cast<int>(burst_); }

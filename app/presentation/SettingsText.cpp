@@ -4,6 +4,8 @@
 #include <array>
 #include <iterator>
 
+#include "engine/SortEngine.h"
+
 namespace ornivo::app {
 namespace {
 
@@ -45,6 +47,13 @@ QString modelNote(bool isModelBundled) {
                ? QStringLiteral("Using BirdClassifier model from the app bundle.")
                : QStringLiteral(
                      "Bundled model missing — running on Mock predictions (DEBUG only).");
+}
+
+QString reviewNote() {
+    return QStringLiteral(
+               "Open %1/review.html, decide what the photos are, then press Copy decisions there "
+               "and Paste here.")
+        .arg(QLatin1String(SortEngine::uncertainFolderName));
 }
 
 std::vector<Choice> burstChoices() {

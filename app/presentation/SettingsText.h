@@ -11,6 +11,9 @@ namespace ornivo::app {
 /// What identifies the birds.
 QString modelNote(bool isModelBundled);
 
+/// How decisions come from the review page to the program.
+QString reviewNote();
+
 /// The ways of treating bursts, in the order of the enumeration.
 std::vector<Choice> burstChoices();
 QString burstExplanation(BurstInheritance inheritance);

@@ -2,7 +2,8 @@
 
 #include <algorithm>
 
-#include "identification/BirdClassifierLabels.h"
+#include "app/presentation/TargetSpeciesText.h"
+#include "identification/TargetSpecies.h"
 
 namespace ornivo::app {
 
@@ -31,8 +32,7 @@ void TargetSpeciesModel::append(const std::vector<BirdSpecies>& species) {
 }
 
 TargetSpeciesModel::Row TargetSpeciesModel::rowOf(const BirdSpecies& species) {
-    return {species, BirdClassifierLabels::canonicalCommonName(species.commonName) ||
-                         BirdClassifierLabels::canonicalCommonName(species.scientificName)};
+    return {species, speciesMark(TargetSpecies::isKnown(species))};
 }
 
 int TargetSpeciesModel::rowCount(const QModelIndex& parent) const {
@@ -41,7 +41,7 @@ int TargetSpeciesModel::rowCount(const QModelIndex& parent) const {
 
 QVariant TargetSpeciesModel::data(const QModelIndex& index, int role) const {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
-    const auto& [species, isKnown] = rows_[static_cast<std::size_t>(index.row())];
+    const auto& [species, mark] = rows_[static_cast<std::size_t>(index.row())];
     switch (role) {
         case SpeciesID:
             return QString::fromStdString(species.id());
@@ -49,8 +49,8 @@ QVariant TargetSpeciesModel::data(const QModelIndex& index, int role) const {
             return QString::fromStdString(species.commonName);
         case ScientificName:
             return QString::fromStdString(species.scientificName);
-        case IsKnown:
-            return isKnown;
+        case MarkRole:
+            return QVariant::fromValue(mark);
         default:
             return {};
     }
@@ -60,7 +60,7 @@ QHash<int, QByteArray> TargetSpeciesModel::roleNames() const {
     return {{SpeciesID, "speciesID"},
             {CommonName, "commonName"},
             {ScientificName, "scientificName"},
-            {IsKnown, "isKnown"}};
+            {MarkRole, "mark"}};
 }
 
 }  // namespace ornivo::app

@@ -3,6 +3,7 @@
 #include <QAbstractListModel>
 #include <vector>
 
+#include "app/presentation/Mark.h"
 #include "vocabulary/BirdSpecies.h"
 
 namespace ornivo::app {
@@ -13,7 +14,7 @@ class TargetSpeciesModel : public QAbstractListModel {
     Q_PROPERTY(int count READ count NOTIFY countChanged)
 
 public:
-    enum Role { SpeciesID = Qt::UserRole, CommonName, ScientificName, IsKnown };
+    enum Role { SpeciesID = Qt::UserRole, CommonName, ScientificName, MarkRole };
 
     using QAbstractListModel::QAbstractListModel;
 
@@ -30,7 +31,7 @@ Q_SIGNALS:
 private:
     struct Row {
         BirdSpecies species;
-        bool isKnown = false;
+        Mark mark;
     };
 
     static Row rowOf(const BirdSpecies& species);

@@ -1,27 +1,14 @@
 #include "app/presentation/TargetSpeciesText.h"
 
-#include "platform/Text.h"
-
 namespace ornivo::app {
 
 QString speciesFieldPlaceholder(int count) {
     return QStringLiteral("Name one of %1 species").arg(count);
 }
 
-QString coverageLine(std::size_t matches, int count) {
-    if (matches == 0) {
-        return QStringLiteral("Not among the %1 species this version knows.").arg(count);
-    }
-    if (matches == 1) return QStringLiteral("1 match");
-    return QStringLiteral("%1 matches").arg(matches);
-}
-
-QString coverageExtent(int count) {
-    return QStringLiteral("%1 species, identified on your Mac.").arg(count);
-}
-
-bool isEnoughToLookUp(const QString& typed) {
-    return characters(typed.trimmed().toStdString()).size() >= 2;
+Mark speciesMark(bool isKnown) {
+    return isKnown ? Mark{QStringLiteral("checkmark-circle"), TonedText::Tone::Accent}
+                   : Mark{QStringLiteral("warning-triangle"), TonedText::Tone::Warn};
 }
 
 }  // namespace ornivo::app

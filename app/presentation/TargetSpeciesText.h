@@ -1,20 +1,15 @@
 #pragma once
 
 #include <QString>
-#include <cstddef>
+
+#include "app/presentation/Mark.h"
 
 namespace ornivo::app {
 
 /// What stands in the field for a species while it is empty.
 QString speciesFieldPlaceholder(int count);
 
-/// The answer to whether the classifier knows a bird, of which `matches` species were found.
-QString coverageLine(std::size_t matches, int count);
-
-/// How many birds it knows at all.
-QString coverageExtent(int count);
-
-/// Whether two characters have been typed, blanks around them aside.
-bool isEnoughToLookUp(const QString& typed);
+/// What stands before a chosen species.
+Mark speciesMark(bool isKnown);
 
 }  // namespace ornivo::app

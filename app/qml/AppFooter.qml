@@ -7,6 +7,11 @@ Item {
     id: root
 
     required property AppStore store
+    readonly property alias button: button
+
+    // The button was pressed with the keyboard at it, and can't have it any more; `isMarked` if that
+    // could be seen.
+    signal keyboardLost(bool isMarked)
 
     implicitHeight: row.implicitHeight + 2 * Theme.medium
 
@@ -34,12 +39,21 @@ Item {
             Layout.fillWidth: true
         }
         PrimaryButton {
+            id: button
             objectName: "primaryButton"
             text: words.label
             enabled: root.store.foldersReady
             keys: "Ctrl+Return"
             Layout.minimumWidth: 160
-            onClicked: root.store.tapPrimaryCTA()
+            onClicked: {
+                const hadKeyboard = activeFocus
+                const wasMarked = visualFocus
+                root.store.tapPrimaryCTA()
+                if (!hadKeyboard || activeFocus) return
+                // Else it would take the keyboard back as soon as it can be pressed again.
+                focus = false
+                root.keyboardLost(wasMarked)
+            }
         }
     }
 }

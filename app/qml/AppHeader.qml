@@ -7,6 +7,8 @@ Item {
     id: root
 
     required property AppStore store
+    // Whether cards are hidden behind it; then an edge shows where.
+    property bool isOverCards: false
 
     implicitHeight: row.implicitHeight + 2 * Theme.medium
 
@@ -14,6 +16,11 @@ Item {
         id: words
     }
 
+    Rule {
+        objectName: "headerEdge"
+        anchors { left: parent.left; right: parent.right; bottom: parent.bottom }
+        visible: root.isOverCards
+    }
     RowLayout {
         id: row
         anchors.centerIn: parent

@@ -8,9 +8,19 @@ Loader {
 
     required property bool shown
 
+    // The card has gone, and the keyboard was at it; `isMarked` if that could be seen.
+    signal keyboardLost(Item slot, bool isMarked)
+
     Layout.fillWidth: true
-    active: shown
+    active: false
     visible: active
+    // No binding: where the keyboard is must be known before the card goes.
+    onShownChanged: {
+        const at = activeFocus ? Window.activeFocusItem : null
+        active = shown
+        if (at && !shown) keyboardLost(root, !(at.wasPointedAt ?? false))
+    }
+    Component.onCompleted: active = shown
     onLoaded: arrival.start()
 
     NumberAnimation {

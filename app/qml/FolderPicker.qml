@@ -13,6 +13,8 @@ Loader {
 
     function ask(answer) {
         active = true
+        // The window may still be used: a second question must not take the first one's answer.
+        if (item.visible) return
         item.answer = answer
         item.open()
     }

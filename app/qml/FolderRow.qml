@@ -7,8 +7,8 @@ RowLayout {
     id: root
 
     required property string label
-    // The whole path; empty while none is chosen.
-    required property string path
+    // A `TonedText`: the whole path, or the hint while no folder is chosen.
+    required property var folder
     required property string hint
     property bool disabled
     property alias keys: browse.keys
@@ -23,24 +23,21 @@ RowLayout {
         text: root.label
         color: Theme.fsSubtext
         // As large as the column has room for.
-        font.pixelSize: Math.min(Theme.caption, 11)
+        font.pixelSize: Theme.caption
+        fontSizeMode: Text.HorizontalFit
+        minimumPixelSize: 8
         wrapMode: Text.NoWrap
         Layout.preferredWidth: 50
         Layout.maximumWidth: 50
     }
-    FSText {
+    TonedLine {
         objectName: "path"
-        text: root.path || root.hint
-        color: root.path ? Theme.text : Theme.fsSubtext
+        line: root.folder
         wrapMode: Text.NoWrap
+        maximumLineCount: 1
         elide: Text.ElideMiddle
-        Layout.fillWidth: true
 
-        HoverHandler { id: pointer }
-        FSToolTip {
-            visible: pointer.hovered && parent.truncated
-            text: root.path
-        }
+        WholeTextTip {}
     }
     SecondaryButton {
         id: browse

@@ -7,7 +7,6 @@ FSCard {
     id: root
 
     required property AppStore store
-    readonly property bool isLocked: store.jobState !== AppStore.Idle
 
     title: "Folders"
 
@@ -19,16 +18,17 @@ FSCard {
     FolderRow {
         objectName: "sourceRow"
         label: "SOURCE"
-        path: words.source
-        hint: "Where your unsorted photos live"
-        disabled: root.isLocked
+        folder: words.source
+        hint: words.sourceHint
+        disabled: words.isLocked
         keys: "Ctrl+O"
         onAction: root.store.pickingSource = true
     }
     RecentFoldersRow {
         objectName: "recentSources"
+        name: "Recent sources"
         folders: words.recentSources
-        disabled: root.isLocked
+        disabled: words.isLocked
         onSelected: index => root.store.chooseRecentSource(index)
     }
     TonedLine {
@@ -48,16 +48,17 @@ FSCard {
     FolderRow {
         objectName: "sinkRow"
         label: "SINK"
-        path: words.sink
-        hint: "Where sorted bird folders will be created"
-        disabled: root.isLocked
+        folder: words.sink
+        hint: words.sinkHint
+        disabled: words.isLocked
         keys: "Ctrl+Shift+O"
         onAction: root.store.pickingSink = true
     }
     RecentFoldersRow {
         objectName: "recentSinks"
+        name: "Recent sinks"
         folders: words.recentSinks
-        disabled: root.isLocked
+        disabled: words.isLocked
         onSelected: index => root.store.chooseRecentSink(index)
     }
     TonedLine {

@@ -15,22 +15,27 @@ ApplicationWindow {
     minimumWidth: 720
     minimumHeight: 560
     width: Math.max(minimumWidth, view.implicitWidth)
-    height: Math.max(minimumHeight, 760)
-    // The one grey of everything behind the cards.
-    color: Qt.rgba(0.059, 0.059, 0.059, 1)
+    height: minimumHeight
+    // Once: what comes later must not change the window under the user's hands.
+    Component.onCompleted: {
+        const wanted = view.implicitHeight + (menuBar?.height ?? 0)
+        height = Math.max(minimumHeight, Math.min(wanted, Math.floor(Screen.height * 0.9)))
+    }
+    color: Theme.fsBackground
+    // For what Qt itself draws, as the chooser of folders where the desktop has none.
     palette {
-        window: Qt.rgba(0.094, 0.094, 0.094, 1)
-        windowText: "white"
-        base: Qt.rgba(0.094, 0.094, 0.094, 1)
-        text: "white"
-        button: Qt.rgba(0.094, 0.094, 0.094, 1)
-        buttonText: "white"
-        light: Qt.rgba(0.165, 0.165, 0.165, 1)
-        midlight: Qt.rgba(0.165, 0.165, 0.165, 1)
-        mid: Qt.rgba(0.165, 0.165, 0.165, 1)
-        dark: Qt.rgba(0.55, 0.55, 0.55, 1)
-        highlight: Qt.rgba(0.784, 0.941, 0.376, 1)
-        highlightedText: Qt.rgba(0.05, 0.05, 0.05, 1)
+        window: Theme.fsCard
+        windowText: Theme.text
+        base: Theme.fsCard
+        text: Theme.text
+        button: Theme.fsCard
+        buttonText: Theme.text
+        light: Theme.fsBorder
+        midlight: Theme.fsBorder
+        mid: Theme.fsBorder
+        dark: Theme.fsSubtext
+        highlight: Theme.fsAccent
+        highlightedText: Theme.fsBlack
     }
 
     menuBar: AppMenuBar {

@@ -24,6 +24,7 @@ FSCard {
 
         FSText {
             id: name
+            objectName: "label"
             color: Theme.fsSubtext
             Layout.preferredWidth: 76
             Layout.maximumWidth: 76
@@ -31,9 +32,12 @@ FSCard {
         }
         FSText {
             id: content
+            objectName: "value"
             maximumLineCount: 2
             elide: Text.ElideRight
             Layout.fillWidth: true
+
+            WholeTextTip {}
         }
     }
 
@@ -42,6 +46,7 @@ FSCard {
         spacing: Theme.small
 
         Icon {
+            objectName: "pausedSymbol"
             symbol: "pause"
             color: Theme.text
             Layout.alignment: Qt.AlignTop

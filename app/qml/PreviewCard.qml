@@ -26,6 +26,7 @@ FSCard {
     TreeText {
         objectName: "previewHeading"
         text: words.heading
+        maximumLineCount: 1
         elide: Text.ElideMiddle
         Layout.fillWidth: true
     }

@@ -8,6 +8,10 @@ FSCard {
     id: root
 
     required property AppStore store
+    // How high the card may be while that leaves room for three species. The rest of them scroll, so
+    // that its buttons stay in sight.
+    property real room: Infinity
+    readonly property alias pauseButton: pause
 
     title: words.text.title
 
@@ -22,6 +26,7 @@ FSCard {
 
         Item { Layout.fillWidth: true }
         SecondaryButton {
+            id: pause
             objectName: "pauseButton"
             text: words.text.pauseLabel
             keys: "Ctrl+P"
@@ -84,10 +89,12 @@ FSCard {
         text: words.text.fileName
         font { family: Theme.monospaced; pixelSize: Theme.caption }
         wrapMode: Text.NoWrap
+        maximumLineCount: 1
         elide: Text.ElideMiddle
         Layout.fillWidth: true
     }
     ColumnLayout {
+        id: found
         objectName: "speciesList"
         Layout.fillWidth: true
         visible: words.hasSpecies
@@ -97,14 +104,30 @@ FSCard {
             Layout.topMargin: Theme.tiny
             Layout.bottomMargin: Theme.tiny
         }
-        Repeater {
+        FSList {
+            id: lines
+            objectName: "speciesLines"
+
+            // What of the card lies above and below.
+            readonly property real others: found.parent.y + found.y + y + 2 * Theme.large
+
+            Layout.fillWidth: true
+            Layout.preferredHeight:
+                Math.min(wholeHeight, Math.max(3 * rowHeight + 2, root.room - others))
+            border.width: 0
+            rowHeight: Math.round(Theme.body * 1.6)
+            name: "Species found"
             model: words.species
             delegate: FSText {
                 required property var model
 
+                width: ListView.view.width
+                height: lines.rowHeight
                 text: model.text
                 color: Theme.colourOf(model.tone)
-                Layout.fillWidth: true
+                wrapMode: Text.NoWrap
+                elide: Text.ElideMiddle
+                verticalAlignment: Text.AlignVCenter
             }
         }
     }

@@ -6,6 +6,8 @@ import Ornivo
 RowLayout {
     id: root
 
+    // What they are for, for those who hear the screen.
+    required property string name
     // `RecentFolder`s.
     required property var folders
     property bool disabled
@@ -17,12 +19,38 @@ RowLayout {
     spacing: Theme.small
     enabled: !disabled
 
+    Accessible.role: Accessible.Grouping
+    Accessible.name: root.name
+
+    component SoftEdge: Rectangle {
+        z: 1
+        width: Theme.huge
+        height: parent.height
+        gradient: Gradient {
+            orientation: Gradient.Horizontal
+            GradientStop { position: 0; color: Theme.fsCard }
+            GradientStop { position: 1; color: Qt.alpha(Theme.fsCard, 0) }
+        }
+    }
+
     CaptionText {
         text: "RECENT"
         wrapMode: Text.NoWrap
     }
     ListView {
         id: list
+
+        // What has been scrolled past goes out softly, so that a cut button is seen to go on.
+        readonly property real fade: Theme.huge
+
+        // Brings a button out of the soft edges, whole with its focus ring.
+        function show(button) {
+            const least = originX - leftMargin
+            const most = Math.max(least, originX + contentWidth + rightMargin - width)
+            const right = button.x + button.width + fade - width
+            const wanted = Math.max(right, Math.min(button.x - fade, contentX))
+            contentX = Math.max(least, Math.min(most, wanted))
+        }
 
         Layout.fillWidth: true
         // Room for the focus ring, which stands outside of a button.
@@ -53,8 +81,30 @@ RowLayout {
             // The colour of its text says that it can't be used.
             opacity: 1
             font.pixelSize: Theme.caption
-            onClicked: root.selected(index)
-            onActiveFocusChanged: if (activeFocus) list.positionViewAtIndex(index, ListView.Contain)
+            onClicked: {
+                const view = list
+                const hadKeyboard = activeFocus
+                const wasPointed = wasPointedAt
+                root.selected(index)
+                if (!hadKeyboard) return
+                // The list is made anew, with this folder as the first.
+                view.forceLayout()
+                const first = view.itemAtIndex(0)
+                first.wasPointedAt = wasPointed
+                first.forceActiveFocus(Qt.TabFocusReason)
+            }
+            onActiveFocusChanged: if (activeFocus) list.show(this)
         }
+    }
+    SoftEdge {
+        parent: list
+        visible: !list.atXBeginning
+        anchors.left: list.left
+    }
+    SoftEdge {
+        parent: list
+        visible: !list.atXEnd
+        anchors.right: list.right
+        rotation: 180
     }
 }

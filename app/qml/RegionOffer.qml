@@ -46,6 +46,10 @@ Rectangle {
             SecondaryButton {
                 text: "Choose a region…"
                 onClicked: root.accepted()
+                // The keyboard comes back here from the settings, where a region may have been named.
+                onActiveFocusChanged: {
+                    if (activeFocus && !visible) nextItemInFocusChain().forceActiveFocus(Qt.TabFocusReason)
+                }
             }
         }
     }

@@ -8,6 +8,8 @@ FSCard {
 
     required property AppStore store
     required property bool hasSink
+    // How decisions come from the review page.
+    required property string note
 
     // There may be something new to read.
     signal answered
@@ -23,8 +25,7 @@ FSCard {
 
     NoteRow {
         symbol: "list-rectangle"
-        text: "Open _Uncertain/review.html, decide what the photos are, then press Copy decisions "
-              + "there and Paste here."
+        text: root.note
     }
     FSText {
         objectName: "sinkNeeded"
@@ -35,8 +36,10 @@ FSCard {
     }
     PrimaryButton {
         visible: root.hasSink
-        enabled: !filer.isFiling
+        enabled: !root.store.isFilingDecisions
         text: "Paste decisions and file them"
+        // What became of the last paste is said where the keyboard is.
+        Accessible.description: filer.note
         onClicked: filer.fileClipboard()
     }
     FSText {

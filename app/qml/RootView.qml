@@ -9,9 +9,11 @@ Rectangle {
     required property Desktop desktop
 
     implicitWidth: Theme.columnWidth + 2 * Theme.large
+    implicitHeight: cards.implicitHeight
     color: Theme.fsBackground
 
     MainView {
+        id: cards
         anchors.fill: parent
         store: root.store
         desktop: root.desktop

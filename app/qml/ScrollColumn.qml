@@ -4,7 +4,8 @@ import QtQuick.Layouts
 import Ornivo
 
 // A column that scrolls, in the middle of a window that is wider than it. What the keyboard comes
-// to is brought into sight.
+// to is brought into sight. What has been shown stays in sight while things above it grow, until the
+// user scrolls or moves the keyboard.
 Flickable {
     id: root
 
@@ -15,11 +16,21 @@ Flickable {
 
     readonly property Item focused: Window.activeFocusItem
     onFocusedChanged: {
-        if (!holds(focused)) return
+        // The keyboard may come to something that is about to be shown, and its place with it.
+        if (!holds(focused) || gathering.items.some(item => isWithin(focused, item))) return
         // Where the user goes counts for more than what came before.
         gathering.items = []
+        followed = null
         show(focused)
     }
+
+    // What is kept in sight.
+    property Item followed: null
+    readonly property real followedEnd: followed ? followed.y + followed.height : 0
+    onFollowedEndChanged: if (holds(followed)) show(followed)
+    onContentHeightChanged: if (holds(followed)) show(followed)
+    onHeightChanged: if (holds(followed)) show(followed)
+    onMovementStarted: followed = null
 
     // Brings an item in the column into sight, by as little as is needed and without a jump.
     function show(item) {
@@ -33,10 +44,11 @@ Flickable {
         gathering.restart()
     }
 
-    function holds(item) {
-        while (item && item !== column) item = item.parent
-        return item === column
+    function isWithin(item, whole) {
+        while (item && item !== whole) item = item.parent
+        return item === whole
     }
+    function holds(item) { return isWithin(item, column) }
     function topOf(item) { return column.y + item.mapToItem(column, 0, 0).y - padding }
     function bottomOf(item) { return topOf(item) + item.height + 2 * padding }
     function placeOf(item) {
@@ -49,6 +61,7 @@ Flickable {
     function scrollTo(y) {
         gathering.stop()
         gathering.items = []
+        followed = null
         glide.stop()
         contentY = within(y)
     }
@@ -65,6 +78,7 @@ Flickable {
             if (there.length === 0) return
             const last = there.reduce((one, other) =>
                 root.bottomOf(other) > root.bottomOf(one) ? other : one)
+            root.followed = last
             glide.to = root.within(root.placeOf(last))
             if (glide.to !== root.contentY) glide.restart()
         }
@@ -77,6 +91,7 @@ Flickable {
         easing.type: Easing.InOutCubic
     }
 
+    implicitHeight: contentHeight
     contentWidth: width
     contentHeight: column.height + 2 * padding
     boundsBehavior: Flickable.StopAtBounds
@@ -94,7 +109,7 @@ Flickable {
         if (event.accepted) scrollTo(targets[event.key])
     }
 
-    ScrollBar.vertical: FSScrollBar {}
+    ScrollBar.vertical: FSScrollBar { onPressedChanged: root.followed = null }
 
     ColumnLayout {
         id: column

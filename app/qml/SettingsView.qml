@@ -37,6 +37,7 @@ Sheet {
         onAnswered: root.show(reviewApply)
         store: root.store
         hasSink: settings.hasSink
+        note: settings.reviewNote
     }
     BurstPicker {
         Layout.fillWidth: true

@@ -33,9 +33,9 @@ ColumnLayout {
         objectName: "coverageLine"
         Layout.fillWidth: true
         visible: text !== ""
-        symbol: coverage.isCovered ? "checkmark-circle" : "xmark-circle"
+        symbol: coverage.mark.symbol
         text: coverage.line
-        color: coverage.isCovered ? Theme.fsAccent : Theme.fsWarn
+        color: Theme.colourOf(coverage.mark.tone)
     }
     FSList {
         objectName: "coverageMatches"

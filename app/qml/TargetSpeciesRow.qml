@@ -9,7 +9,8 @@ RowLayout {
     required property string speciesID
     required property string commonName
     required property string scientificName
-    required property bool isKnown
+    // A `SpeciesMark`: whether it is known.
+    required property var mark
 
     signal removeWanted
 
@@ -17,8 +18,8 @@ RowLayout {
 
     Icon {
         objectName: "mark"
-        symbol: root.isKnown ? "checkmark-circle" : "warning-triangle"
-        color: root.isKnown ? Theme.fsAccent : Theme.fsWarn
+        symbol: root.mark.symbol
+        color: Theme.colourOf(root.mark.tone)
     }
     FSText {
         text: root.commonName

@@ -75,6 +75,52 @@ TEST(AppStoreFolders, ALibraryIsRefusedWithItsWordsAndNoForecast) {
     EXPECT_FALSE(scene.store().foldersReady());
 }
 
+TEST(AppStoreFolders, ARefusalLeavesNoForecastWhateverItsFilesTakeUp) {
+    for (const bool isSinkFirst : {true, false}) {
+        StoreScene scene;
+        scene.services.scan = [](const fs::path& folder) {
+            FileScanner::Scan scan;
+            scan.images = {folder / "a.jpg"};
+            scan.totalBytes = 1000;
+            scan.refusedLibrary = folder / "Trip.photoslibrary";
+            return scan;
+        };
+        AppStore& store = scene.store();
+        if (isSinkFirst) store.setSink(scene.sink());
+        store.setSource(scene.source());
+        ASSERT_TRUE(scene.waitForScan());
+        if (!isSinkFirst) store.setSink(scene.sink());
+        EXPECT_EQ(store.scannedBytes(), 1000);
+        EXPECT_FALSE(store.scanRefusal().isEmpty());
+        EXPECT_EQ(store.spaceEstimate(), std::nullopt);
+    }
+}
+
+TEST(AppStoreFolders, ANewSourceTakesARefusalBackAtOnce) {
+    StoreScene scene;
+    scene.run.picture("Trip.photoslibrary/originals/a.jpg", robin, 0.9);
+    AppStore& store = scene.store();
+    store.setSource(scene.source() / "Trip.photoslibrary");
+    ASSERT_TRUE(scene.waitForScan());
+    ASSERT_FALSE(store.scanRefusal().isEmpty());
+    const Count changes(&store, &AppStore::scanRefusalChanged);
+    store.setSource(scene.source());
+    EXPECT_TRUE(store.scanRefusal().isEmpty());
+    EXPECT_EQ(changes.times(), 1);
+}
+
+TEST(AppStoreFolders, ANewSourceClearsWhatASearchFound) {
+    StoreScene scene;
+    scene.pictures(1);
+    scene.chooseFolders();
+    scene.store().setMode(AppStore::Mode::Find);
+    scene.store().addSpecies(QStringLiteral("Osprey"), {});
+    scene.runToItsEnd();
+    ASSERT_TRUE(scene.store().findResult());
+    scene.store().setSource(scene.source());
+    EXPECT_EQ(scene.store().findResult(), std::nullopt);
+}
+
 TEST(AppStoreFolders, ANewSourceClearsWhatWasFoundInTheOldOne) {
     StoreScene scene;
     scene.pictures(1);

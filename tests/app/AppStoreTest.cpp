@@ -95,6 +95,18 @@ TEST(AppStore, AChangeOfModeClearsTheResultsAndNothingElse) {
     EXPECT_TRUE(store.source() && store.sink());
 }
 
+TEST(AppStore, AChangeOfModeClearsWhatASearchFound) {
+    StoreScene scene;
+    scene.pictures(1);
+    scene.chooseFolders();
+    scene.store().setMode(AppStore::Mode::Find);
+    scene.store().addSpecies(QStringLiteral("Osprey"), {});
+    scene.runToItsEnd();
+    ASSERT_TRUE(scene.store().findResult());
+    scene.store().setMode(AppStore::Mode::Sort);
+    EXPECT_EQ(scene.store().findResult(), std::nullopt);
+}
+
 TEST(AppStore, PressingTheModeThatIsSelectedClearsTheResultToo) {
     StoreScene scene;
     scene.pictures(1);
@@ -116,6 +128,80 @@ TEST(AppStore, OptionsAreSetOneByOne) {
                                             BurstInheritance::off}));
     EXPECT_EQ(changes.times(), 4);
 }
+
+struct Readiness {
+    std::string description;
+    int files;
+    bool hasSource;
+    bool hasSink;
+    AppStore::Mode mode;
+    bool hasSpecies;
+    bool isReady;
+};
+
+class AppStoreReadiness : public ::testing::TestWithParam<Readiness> {};
+
+TEST_P(AppStoreReadiness, DependsOnFoldersAndOnWhatIsSought) {
+    StoreScene scene;
+    scene.pictures(GetParam().files);
+    std::filesystem::create_directories(scene.source());
+    AppStore& store = scene.store();
+    if (GetParam().hasSource) store.setSource(scene.source());
+    if (GetParam().hasSink) store.setSink(scene.sink());
+    store.setMode(GetParam().mode);
+    if (GetParam().hasSpecies) store.addSpecies(QStringLiteral("Osprey"), {});
+    if (GetParam().hasSource) {
+        ASSERT_TRUE(scene.waitForScan());
+    }
+    EXPECT_EQ(store.foldersReady(), GetParam().isReady);
+}
+
+constexpr auto sorting = AppStore::Mode::Sort;
+constexpr auto finding = AppStore::Mode::Find;
+INSTANTIATE_TEST_SUITE_P(
+    Cases, AppStoreReadiness,
+    ::testing::Values(Readiness{"Nothing", 1, false, false, sorting, false, false},
+                      Readiness{"OnlyASource", 1, true, false, sorting, false, false},
+                      Readiness{"OnlyADestination", 1, false, true, sorting, false, false},
+                      Readiness{"NoFiles", 0, true, true, sorting, false, false},
+                      Readiness{"Both", 1, true, true, sorting, false, true},
+                      Readiness{"ASearchForNothing", 1, true, true, finding, false, false},
+                      Readiness{"ASearch", 1, true, true, finding, true, true},
+                      Readiness{"ASearchInNoFiles", 0, true, true, finding, true, false},
+                      Readiness{"ASearchForNowhere", 1, true, false, finding, true, false},
+                      Readiness{"SpeciesThatSortingLeavesOut", 1, true, true, sorting, true, true}),
+    [](const auto& row) { return row.param.description; });
+
+struct Offer {
+    std::string description;
+    std::optional<PhotoLocationSurvey> survey;
+    QString region;
+    bool isMade;
+};
+
+class AppStoreRegionOffer : public ::testing::TestWithParam<Offer> {};
+
+TEST_P(AppStoreRegionOffer, DependsOnTheSurveyAndTheRegionNamed) {
+    StoreScene scene;
+    scene.services.survey = [](const auto&) { return *GetParam().survey; };
+    AppStore& store = scene.store();
+    store.setAssumedRegionID(GetParam().region);
+    if (GetParam().survey) {
+        store.setSource(scene.source());
+        ASSERT_TRUE(scene.waitForScan());
+    }
+    EXPECT_EQ(store.shouldOfferRegion(), GetParam().isMade);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, AppStoreRegionOffer,
+    ::testing::Values(Offer{"NoSurvey", std::nullopt, {}, false},
+                      Offer{"NothingLookedAt", PhotoLocationSurvey(0, 0), {}, false},
+                      Offer{"NoneWithAPosition", PhotoLocationSurvey(2, 0), {}, true},
+                      Offer{"OneWithAPosition", PhotoLocationSurvey(2, 1), {}, false},
+                      Offer{"ARegionNamed", PhotoLocationSurvey(2, 0), QStringLiteral("anything"),
+                            false}),
+    [](const auto& row) { return row.param.description; });
 
 TEST(AppStore, TheRegionIsOfferedOnceNoPhotographHasAPosition) {
     StoreScene scene;

@@ -14,9 +14,7 @@
 #include <stdexcept>
 
 #include "app/FolderUrl.h"
-
-/// Made by Qt's build tools from the types marked for QML.
-extern void qml_register_types_Ornivo();
+#include "app/MainWindow.h"
 
 namespace ornivo::testing {
 namespace {
@@ -43,18 +41,12 @@ QPoint middleOf(const QQuickItem& item) {
 }  // namespace
 
 AppWindow::AppWindow(app::AppStore& store) {
-    // Named, so that the linker keeps what registers the types.
-    [[maybe_unused]] void (*const volatile types)() = &qml_register_types_Ornivo;
     QAccessible::setActive(true);
     QObject::connect(&qml_, &QQmlEngine::warnings, [this](const QList<QQmlError>& errors) {
         for (const auto& error : errors) complaints_ += error.toString() + '\n';
     });
-    qml_.setInitialProperties({{"store", QVariant::fromValue(&store)},
-                               {"updater", QVariant::fromValue(&updater_)},
-                               {"desktop", QVariant::fromValue(&desktop_)}});
-    qml_.load(QUrl(QStringLiteral("qrc:/qt-project.org/imports/Ornivo/Main.qml")));
-    if (qml_.rootObjects().isEmpty()) throw std::runtime_error(complaints_.toStdString());
-    window_ = qobject_cast<QQuickWindow*>(qml_.rootObjects().first());
+    window_ = app::showMainWindow(qml_, store, updater_, desktop_);
+    if (!window_) throw std::runtime_error(complaints_.toStdString());
     window_->requestActivate();
     EXPECT_TRUE(QTest::qWaitForWindowActive(window_));
 }

@@ -1,6 +1,7 @@
 #include "app/BackgroundWork.h"
 
 #include <gtest/gtest.h>
+#include <sched.h>
 
 #include <QCoreApplication>
 #include <QThread>
@@ -50,6 +51,18 @@ TEST(BackgroundWork, ASlowOneDoesNotHoldUpAQuickOne) {
     mayEnd.count_down();
     ASSERT_TRUE(waitUntil([&] { return ended.size() == 2; }));
     EXPECT_EQ(ended, (std::vector{2, 1}));
+}
+
+TEST(BackgroundWork, WhatIsMerelyUsefulGivesWayToAllElse) {
+    BackgroundWork work;
+    std::vector<int> policies;
+    const auto policy = [] { return ::sched_getscheduler(0); };
+    const auto take = [&](int found) { policies.push_back(found); };
+    work.run(Priority::utility, policy, take);
+    ASSERT_TRUE(waitUntil([&] { return policies.size() == 1; }));
+    work.run(Priority::userInitiated, policy, take);
+    ASSERT_TRUE(waitUntil([&] { return policies.size() == 2; }));
+    EXPECT_EQ(policies, (std::vector{SCHED_IDLE, SCHED_OTHER}));
 }
 
 TEST(BackgroundWork, NothingIsHandedBackOnceItHasGone) {

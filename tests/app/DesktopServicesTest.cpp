@@ -1,12 +1,15 @@
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <QCoreApplication>
 #include <QDBusMessage>
 #include <QDBusObjectPath>
-#include <QFile>
 #include <QStringList>
 #include <QVariantMap>
+#include <array>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "app/PrivateBus.h"
@@ -45,6 +48,7 @@ public Q_SLOTS:
     }
 
 Q_SIGNALS:
+    void ActivationToken(uint id, const QString& token);
     void ActionInvoked(uint id, const QString& action);
 };
 
@@ -76,14 +80,23 @@ public Q_SLOTS:
     QDBusUnixFileDescriptor Inhibit(const QString& what, const QString& who, const QString& why,
                                     const QString& mode) {
         lines.push_back((what + ' ' + who + ' ' + why + ' ' + mode).toStdString());
-        return QDBusUnixFileDescriptor(null_.handle());
+        QDBusUnixFileDescriptor lock;
+        lock.giveFileDescriptor(std::exchange(lock_[1], -1));
+        return lock;
+    }
+
+public:
+    FakeLogind() { EXPECT_EQ(::pipe2(lock_.data(), O_CLOEXEC | O_NONBLOCK), 0); }
+    ~FakeLogind() override { ::close(lock_[0]); }
+
+    /// Whether nobody has the lock any more, which is the writing end of a pipe.
+    bool isLetGo() const {
+        char byte = 0;
+        return ::read(lock_[0], &byte, 1) == 0;
     }
 
 private:
-    QFile null_{QStringLiteral("/dev/null")};
-
-public:
-    FakeLogind() { null_.open(QIODevice::ReadOnly); }
+    std::array<int, 2> lock_{};
 };
 
 class FakeFileManager : public FakeDesktop {
@@ -140,21 +153,27 @@ TEST_F(DesktopServices, ANotificationReplacesTheLastOneAndCanBePressed) {
     FakeNotifications desktop;
     serve(desktop, "org.freedesktop.Notifications", "/org/freedesktop/Notifications");
     DBusNotifications notifications(bus_->program());
-    int presses = 0;
+    std::vector<QByteArray> presses;
     notifications.show(QStringLiteral("Sort complete!"), QStringLiteral("a & <b>"),
-                       [&] { ++presses; });
+                       [&](const QByteArray& token) { presses.push_back(token); });
     ASSERT_TRUE(waitFor(desktop, 1));
     EXPECT_EQ(desktop.lines[0],
               "Ornivo 0 org.ornivo.Ornivo | Sort complete! | a &amp; &lt;b&gt; | default+ | "
               "org.ornivo.Ornivo -1");
     // The answer with the number comes after the call.
     ASSERT_TRUE(waitUntil([&] {
+        Q_EMIT desktop.ActivationToken(8, QStringLiteral("another's"));
         Q_EMIT desktop.ActionInvoked(8, QStringLiteral("default"));
         Q_EMIT desktop.ActionInvoked(7, QStringLiteral("other"));
         Q_EMIT desktop.ActionInvoked(7, QStringLiteral("default"));
-        return presses > 0;
+        return !presses.empty();
     }));
-    notifications.show(QStringLiteral("Again"), {}, [] {});
+    EXPECT_EQ(presses.front(), "") << "from a desktop that gives none";
+    presses.clear();
+    Q_EMIT desktop.ActivationToken(7, QStringLiteral("token"));
+    Q_EMIT desktop.ActionInvoked(7, QStringLiteral("default"));
+    ASSERT_TRUE(waitUntil([&] { return !presses.empty() && presses.back() == "token"; }));
+    notifications.show(QStringLiteral("Again"), {}, [](const QByteArray&) {});
     ASSERT_TRUE(waitFor(desktop, 2));
     EXPECT_TRUE(desktop.lines[1].starts_with("Ornivo 7 ")) << desktop.lines[1];
 }
@@ -193,6 +212,9 @@ TEST_F(DesktopServices, WithoutAPortalLogindKeepsItAwake) {
     inhibitor.hold(QStringLiteral("Sorting"));
     ASSERT_TRUE(waitFor(logind, 1));
     EXPECT_EQ(logind.lines, Lines{"sleep Ornivo Sorting block"});
+    EXPECT_FALSE(logind.isLetGo());
+    inhibitor.release();
+    EXPECT_TRUE(waitUntil([&] { return logind.isLetGo(); }));
 }
 
 TEST_F(DesktopServices, TheFileManagerIsShownTheFolder) {
@@ -209,7 +231,7 @@ TEST(DesktopServicesWithoutABus, AreSilent) {
     DBusLauncherEntry launcher(none);
     DBusSleepInhibitor inhibitor(none, none);
     ::testing::internal::CaptureStderr();
-    notifications.show(QStringLiteral("a"), QStringLiteral("b"), [] {});
+    notifications.show(QStringLiteral("a"), QStringLiteral("b"), [](const QByteArray&) {});
     launcher.showProgress(0.5);
     launcher.hideProgress();
     inhibitor.hold(QStringLiteral("c"));

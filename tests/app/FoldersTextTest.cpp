@@ -54,15 +54,22 @@ TEST(SpaceAdvice, IsTheForecastInTheColourOfItsVerdict) {
     EXPECT_EQ(spaceAdvice(std::nullopt), TonedText{});
 }
 
-TEST(ShownPath, IsTheWholePathOrNothing) {
-    EXPECT_EQ(shownPath(std::nullopt), "");
-    EXPECT_EQ(shownPath("/media/card/DCIM"), "/media/card/DCIM");
+TEST(FolderLine, IsTheWholePathOrWhatTheFolderIsFor) {
+    EXPECT_EQ(folderLine(std::nullopt, sourceHint()),
+              (TonedText{"Where your unsorted photos live", Tone::Subtext}));
+    EXPECT_EQ(folderLine(std::nullopt, sinkHint()),
+              (TonedText{"Where sorted bird folders will be created", Tone::Subtext}));
+    EXPECT_EQ(folderLine("/media/card/DCIM", sourceHint()),
+              (TonedText{"/media/card/DCIM", Tone::Plain}));
+    EXPECT_EQ(folderLine("/media/ca\nrd/DC\tIM", sourceHint()).text, "/media/ca rd/DC IM");
 }
 
 TEST(RecentFolderButtons, KeepTheirOrderAndShowTheirLastNames) {
     EXPECT_EQ(
         recentFolders({"/media/card/DCIM", "/home/ana/Birds"}),
         (std::vector<RecentFolder>{{"DCIM", "/media/card/DCIM"}, {"Birds", "/home/ana/Birds"}}));
+    EXPECT_EQ(recentFolders({"/media/two\nlines"}),
+              (std::vector<RecentFolder>{{"two lines", "/media/two lines"}}));
     EXPECT_TRUE(recentFolders({}).empty());
 }
 

@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <QAccessible>
+#include <QGuiApplication>
+#include <QScopeGuard>
 #include <QTest>
 #include <latch>
 
@@ -151,11 +154,16 @@ TEST_F(MainScreen, OffersARegionOnlyToPhotographsWithoutAPlace) {
     EXPECT_FALSE(screen_.isShown("regionOffer"));
 }
 
-TEST_F(MainScreen, OffersNoRegionWhereSomeCarryAPlaceOrNoneWasLookedAt) {
+TEST_F(MainScreen, OffersNoRegionWhereSomeCarryAPlace) {
     pretendToFind(3);
-    screen_.scene.services.survey = [](const auto& files) {
-        return PhotoLocationSurvey(static_cast<int>(files.size()), 1);
-    };
+    screen_.scene.services.survey = [](const auto&) { return PhotoLocationSurvey(3, 1); };
+    choose();
+    EXPECT_FALSE(screen_.isShown("regionOffer"));
+}
+
+TEST_F(MainScreen, OffersNoRegionWhereNoneWasLookedAt) {
+    pretendToFind(3);
+    screen_.scene.services.survey = [](const auto&) { return PhotoLocationSurvey(0, 0, 3); };
     choose();
     EXPECT_FALSE(screen_.isShown("regionOffer"));
 }
@@ -186,6 +194,19 @@ TEST_F(MainScreen, ChangesItsModeAndForgetsResults) {
     EXPECT_EQ(screen_.cards(), (QStringList{"targetSpecies", "options", "prediction"}));
     EXPECT_EQ(screen_.text("footerStatus"), "Choose one or more species to search for");
     EXPECT_EQ(screen_.texts("primaryButton"), QStringList{"Find Species"});
+}
+
+TEST_F(MainScreen, ForgetsTheResultOfASearchToo) {
+    screen_.scene.pictures(1);
+    choose();
+    store().setMode(AppStore::Mode::Find);
+    store().addSpecies("European Robin", "Erithacus rubecula");
+    screen_.scene.runToItsEnd();
+    ASSERT_TRUE(screen_.isShown("findResultSlot"));
+    screen_.click("Sort All");
+    EXPECT_FALSE(screen_.isShown("findResultSlot"));
+    EXPECT_FALSE(store().findResult());
+    EXPECT_EQ(screen_.cards(), (QStringList{"options", "prediction", "preview"}));
 }
 
 TEST_F(MainScreen, AFindWithASpeciesShowsWhatWillHappen) {
@@ -232,15 +253,91 @@ TEST_F(MainScreen, OpensItsSettings) {
 TEST_F(MainScreen, IsWalkedThroughByTabInReadingOrder) {
     pretendToFind(3);
     choose();
-    const QStringList order = screen_.tabOrder();
-    const QStringList expected{"Settings",      "Sort All",    "Find Species",
-                               "Browse SOURCE", "Browse SINK", "Keep originals"};
-    QStringList met;
-    for (const QString& name : order) {
-        if (expected.contains(name)) met << name;
+    EXPECT_EQ(screen_.tabOrder().join('|').toStdString(),
+              (QStringList{"Settings", "Sort All", "Find Species", "Browse SOURCE", "source",
+                           "Browse SINK", "sorted", "Keep originals",
+                           "Move originals to the Trash after sorting", "Rename files by species",
+                           "Create date subfolders", "Confirmed", "Most likely", "Probable",
+                           "Fine tune the call threshold", "Sort Photos"})
+                  .join('|')
+                  .toStdString());
+}
+
+TEST_F(MainScreen, ANameWithALineBreakTakesOneLine) {
+    screen_.window();
+    const fs::path plain = screen_.scene.source() / "Marsh at dawn";
+    const fs::path broken = screen_.scene.source() / "Marsh\nat dawn";
+    fs::create_directories(plain);
+    fs::create_directories(broken);
+    store().setSource(plain);
+    const double height = screen_.find("sourceRow")->height();
+    const double recent = screen_.find("recentSources")->height();
+    store().setSource(broken);
+    EXPECT_EQ(screen_.texts("sourceRow").at(1).toStdString(), plain.string());
+    EXPECT_TRUE(waitUntil([&] {
+        return screen_.texts("recentSources") ==
+               QStringList{"RECENT", "Marsh at dawn", "Marsh at dawn"};
+    }));
+    EXPECT_EQ(screen_.find("sourceRow")->height(), height);
+    EXPECT_EQ(screen_.find("recentSources")->height(), recent);
+}
+
+TEST_F(MainScreen, LabelsGrowWithTheDesktopsTypeAsFarAsTheirColumnAllows) {
+    const QFont usual = QGuiApplication::font();
+    const auto restore = qScopeGuard([&] { QGuiApplication::setFont(usual); });
+    const auto label = [&](const char* row) { return screen_.find(row)->childItems().first(); };
+    QFont large = usual;
+    large.setPixelSize(22);
+    QGuiApplication::setFont(large);
+    screen_.window();
+    EXPECT_GT(label("sinkRow")->property("contentHeight").toReal(), 16);
+    for (const char* row : {"sourceRow", "sinkRow"}) {
+        EXPECT_LE(label(row)->property("contentWidth").toReal(), 50) << row;
     }
-    EXPECT_EQ(met, expected) << order.join(", ").toStdString();
-    EXPECT_EQ(order.last(), "Sort Photos");
+    screen_.picture("large-type");
+}
+
+TEST_F(MainScreen, RecentFoldersAreToldApartByTheirRows) {
+    choose();
+    for (const auto& [row, name] :
+         {std::pair{"recentSources", "Recent sources"}, std::pair{"recentSinks", "Recent sinks"}}) {
+        QAccessibleInterface* const spoken =
+            QAccessible::queryAccessibleInterface(screen_.find(row));
+        ASSERT_TRUE(spoken);
+        EXPECT_EQ(spoken->role(), QAccessible::Grouping);
+        EXPECT_EQ(spoken->text(QAccessible::Name), name);
+    }
+}
+
+TEST_F(MainScreen, TheKeyboardBringsARecentFolderWholeIntoSight) {
+    for (int i = 0; i < 10; ++i) {
+        const fs::path folder =
+            screen_.scene.source() / ("A folder with a long name " + std::to_string(i));
+        fs::create_directories(folder);
+        store().setSource(folder);
+    }
+    screen_.resize(720, 560);
+    QQuickItem* const row = screen_.find("recentSources");
+    for (int i = 9; i >= 0; --i) {
+        QQuickItem* const button =
+            screen_.control(QStringLiteral("A folder with a long name %1").arg(i));
+        ASSERT_TRUE(button);
+        button->forceActiveFocus(Qt::TabFocusReason);
+        // With its ring, which stands outside.
+        constexpr double ring = 4;
+        EXPECT_LE(button->mapToItem(row, {button->width() + ring, 0}).x(), row->width()) << i;
+        EXPECT_GE(button->mapToItem(row, {-ring, 0}).x(), 0) << i;
+    }
+    screen_.picture("recent-many");
+}
+
+TEST_F(MainScreen, AnEdgeShowsUnderTheHeaderWhereCardsGoBehindIt) {
+    screen_.resize(720, 560);
+    EXPECT_FALSE(screen_.isShown("headerEdge"));
+    QTest::keyClick(&screen_.window(), Qt::Key_PageDown);
+    EXPECT_TRUE(screen_.isShown("headerEdge"));
+    QTest::keyClick(&screen_.window(), Qt::Key_Home);
+    EXPECT_FALSE(screen_.isShown("headerEdge"));
 }
 
 TEST_F(MainScreen, BringsWhatTheKeyboardIsAtIntoSight) {

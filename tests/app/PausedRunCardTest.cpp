@@ -46,6 +46,29 @@ TEST_F(PausedRunCard, SaysWhatThereIsToGoOnWith) {
     screen_.picture("paused-run");
 }
 
+TEST_F(PausedRunCard, HasItsSymbolItsColoursAndItsColumnOfLabels) {
+    constexpr QRgb white = qRgb(255, 255, 255);
+    constexpr QRgb subtext = qRgb(140, 140, 140);
+    leave(stoppedRun());
+    store().setSink(screen_.scene.sink());
+    store().setOriginals(AppStore::Originals::Trash);
+    EXPECT_EQ(screen_.find("pausedSymbol")->property("symbol"), "pause");
+    EXPECT_EQ(screen_.color("pausedSymbol").rgb(), white);
+    EXPECT_EQ(screen_.color("pausedSummary").rgb(), white);
+    EXPECT_EQ(screen_.color("pausedExplanation").rgb(), subtext);
+    EXPECT_EQ(screen_.color("pausedMismatch").rgb(), qRgb(242, 191, 64));
+    for (const char* row : {"pausedFrom", "pausedTo", "pausedCalls", "pausedDone"}) {
+        QQuickItem* const detail = screen_.find(row);
+        const QQuickItem* const label = screen_.find("label", detail);
+        EXPECT_EQ(label->width(), 76) << row;
+        EXPECT_EQ(label->property("color").value<QColor>().rgb(), subtext) << row;
+        EXPECT_EQ(screen_.find("value", detail)->property("color").value<QColor>().rgb(), white);
+    }
+    EXPECT_EQ(screen_.find("resumeButton")->property("fill").value<QColor>().rgb(),
+              qRgb(200, 240, 96));
+    EXPECT_EQ(screen_.find("discardButton")->property("ink").value<QColor>().rgb(), subtext);
+}
+
 TEST_F(PausedRunCard, WarnsOfOtherOptionsAndTakesItBack) {
     leave(stoppedRun());
     store().setSink(screen_.scene.sink());
@@ -96,7 +119,7 @@ TEST_F(PausedRunCard, ResumesAndDoesntComeBackAfterTheEnd) {
     EXPECT_FALSE(fs::exists(PausedRun::manifestURL(screen_.scene.sink())));
 }
 
-TEST_F(PausedRunCard, OfAHugeRunIsAsQuick) {
+TEST_F(PausedRunCard, OfAHugeRunIsNoHigher) {
     PausedRun record = stoppedRun();
     record.sourcePaths.assign(20000, "/media/card/DCIM/IMG_0001.JPG");
     leave(record);

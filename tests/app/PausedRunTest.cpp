@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <fstream>
 
 #include "app/StoreScene.h"
@@ -71,15 +72,35 @@ TEST_F(ARecord, GoesOnFromItsIndexAndIsGoneAtTheEnd) {
     EXPECT_EQ(store().pausedRun(), std::nullopt);
 }
 
-TEST_F(ARecord, ThatReachesBeyondTheFilesScannedStartsNothing) {
-    for (const int index : {3, -1}) {
+TEST_F(ARecord, WhoseFileIsNotAmongThoseScannedStartsNothing) {
+    scene_.pictures(3);
+    for (const int index : {-1, 3, 4}) {
         leave(stoppedAt(index));
-        scene_.pictures(1);
         scene_.chooseFolders();
         store().resumePausedRun();
         EXPECT_EQ(store().jobState(), JobState::idle) << index;
         EXPECT_EQ(store().pausedRun(), record_) << index;
+        EXPECT_TRUE(fs::exists(PausedRun::manifestURL(scene_.sink()))) << index;
     }
+}
+
+TEST_F(ARecord, OfTheVeryStartStartsNothingWhereNoFileWasFound) {
+    leave(stoppedAt(0));
+    scene_.chooseFolders();
+    store().resumePausedRun();
+    EXPECT_EQ(store().jobState(), JobState::idle);
+    EXPECT_EQ(store().pausedRun(), record_);
+}
+
+TEST_F(ARecord, OfTheLastFileGoesOnWithIt) {
+    leave(stoppedAt(2));
+    scene_.pictures(3);
+    scene_.chooseFolders();
+    store().resumePausedRun();
+    EXPECT_EQ(store().jobState(), JobState::running);
+    ASSERT_TRUE(scene_.waitForEnd());
+    EXPECT_EQ(scene_.run.filed(), std::set<std::string>{"European Robin/a2.jpg"});
+    EXPECT_EQ(store().pausedRun(), std::nullopt);
 }
 
 TEST_F(ARecord, IsDiscardedForGood) {
@@ -132,6 +153,81 @@ INSTANTIATE_TEST_SUITE_P(
                       Position{"possible", 0.9, 0}, Position{"certain", 0.6, 48},
                       Position{std::nullopt, 0.5375, 38}, Position{std::nullopt, 0.8, 80},
                       Position{std::nullopt, 2, 100}, Position{std::nullopt, 0, 0}));
+
+/// A disk that has no room for the n-th copy, until it is freed.
+class ADiskThatFills : public ::testing::Test {
+protected:
+    void fillAtCopy(int number) {
+        scene_.run.files().fail(
+            FailingFiles::Operation::copy,
+            [this, number](const auto& attempt) { return isFull_ && attempt.number >= number; },
+            noSpaceLeft());
+    }
+
+    AppStore& store() { return scene_.store(); }
+
+    std::atomic<bool> isFull_ = true;
+    StoreScene scene_;
+};
+
+TEST_F(ADiskThatFills, StopsASortThatGoesOnOnceThereIsRoom) {
+    scene_.pictures(4);
+    fillAtCopy(3);
+    scene_.chooseFolders();
+    scene_.runToItsEnd();
+    EXPECT_EQ(store().sortResult()->stopReason, StopReason::diskFull());
+    EXPECT_EQ(store().sortResult()->sorted, 2);
+    EXPECT_EQ(store().pausedAtIndex(), 2);
+    ASSERT_TRUE(store().pausedRun());
+    EXPECT_EQ(store().pausedRun()->stoppedAtIndex, 2);
+
+    isFull_ = false;
+    store().resumePausedRun();
+    ASSERT_TRUE(scene_.waitForEnd());
+    EXPECT_EQ(store().sortResult()->stopReason, StopReason::completed());
+    EXPECT_EQ(store().sortResult()->sorted, 4);
+    EXPECT_EQ(store().pausedAtIndex(), std::nullopt);
+    EXPECT_EQ(store().pausedRun(), std::nullopt);
+    EXPECT_EQ(scene_.run.filed(),
+              (std::set<std::string>{"European Robin/a0.jpg", "European Robin/a1.jpg",
+                                     "European Robin/a2.jpg", "European Robin/a3.jpg"}));
+}
+
+TEST_F(ADiskThatFills, StopsASearchThatGoesOnOnceThereIsRoom) {
+    scene_.pictures(4);
+    fillAtCopy(2);
+    scene_.chooseFolders();
+    store().setMode(AppStore::Mode::Find);
+    store().addSpecies(QString::fromStdString(robin.name), {});
+    scene_.runToItsEnd();
+    EXPECT_EQ(store().findResult()->stopReason, StopReason::diskFull());
+    EXPECT_EQ(store().pausedAtIndex(), 1);
+    ASSERT_TRUE(store().pausedRun());
+    EXPECT_EQ(store().pausedRun()->mode, "find");
+
+    isFull_ = false;
+    store().resumePausedRun();
+    ASSERT_TRUE(scene_.waitForEnd());
+    EXPECT_EQ(store().findResult()->stopReason, StopReason::completed());
+    EXPECT_EQ(store().findResult()->matched, 4);
+    EXPECT_EQ(store().pausedAtIndex(), std::nullopt);
+    EXPECT_EQ(store().pausedRun(), std::nullopt);
+}
+
+TEST_F(ADiskThatFills, KeepsItsRecordWhenAnotherSourceIsChosen) {
+    scene_.pictures(2);
+    fillAtCopy(2);
+    scene_.chooseFolders();
+    scene_.runToItsEnd();
+    const auto record = store().pausedRun();
+    ASSERT_TRUE(record);
+    store().setSource(scene_.sink());
+    EXPECT_EQ(store().pausedRun(), record);
+    EXPECT_EQ(store().pausedAtIndex(), 1);
+    ASSERT_TRUE(scene_.waitForScan());
+    EXPECT_EQ(store().pausedRun(), record);
+    EXPECT_EQ(store().pausedAtIndex(), 1);
+}
 
 TEST(AppStoreOnAFullDisk, StopsWithARecordAndResumesWhenThereIsRoom) {
     const auto disk = SmallDisk::mount(1 << 20);

@@ -29,6 +29,12 @@ TEST(ProgressText, OfNothingIsAnEmptyBarAndNoPercent) {
     EXPECT_EQ(text.count, "0 of 0 photos processed");
 }
 
+TEST(ProgressText, KeepsANameWithALineBreakOnOneLine) {
+    const ProgressUpdate progress{1, 1, "IMG\n1.JPG", {{"Marsh\nTit", 1}}, 0};
+    EXPECT_EQ(progressText(progress, AppMode::sort, JobState::running).fileName, "IMG 1.JPG");
+    EXPECT_EQ(speciesLines(progress), (Lines{{"• Marsh Tit: 1", Tone::Accent}}));
+}
+
 TEST(SpeciesLines, AreTheMostFrequentFirstAndTheUncertainLast) {
     const ProgressUpdate progress{
         9, 9, "", {{"Avocet", 2}, {"Bittern", 7}, {"Curlew", 2}, {"Dunlin", 3}}, 9};

@@ -91,6 +91,17 @@ TEST_F(RecentFolders, TheKindsAreIndependent) {
     EXPECT_EQ(store_->destinationFolders(), (Folders{folder("b"), folder("a")}));
 }
 
+TEST_F(RecentFolders, AFolderOfOneKindBringsTheOtherKindUpToDate) {
+    add(folder("a"), Kind::source);
+    add(folder("b"), Kind::destination);
+    fs::remove(folder("a"));
+    add(folder("c"), Kind::destination);
+    EXPECT_TRUE(store_->sourceFolders().empty());
+    fs::remove(folder("b"));
+    add(folder("d"), Kind::source);
+    EXPECT_EQ(store_->destinationFolders(), Folders{folder("c")});
+}
+
 TEST_F(RecentFolders, OneThatIsGoneIsDroppedAndTheListSavedSo) {
     add(folder("a"));
     add(folder("b"));

@@ -14,12 +14,12 @@ using namespace ornivo::testing;
 /// What the desktop was asked for, in order.
 struct DesktopLog {
     std::vector<std::string> lines;
-    std::function<void()> activated;
+    Notifications::Activated activated;
 };
 
 struct LoggedNotifications : Notifications {
     explicit LoggedNotifications(DesktopLog& target) : log(target) {}
-    void show(const QString& title, const QString&, std::function<void()> activated) override {
+    void show(const QString& title, const QString&, Activated activated) override {
         log.lines.push_back("notify " + title.toStdString());
         log.activated = std::move(activated);
     }
@@ -86,9 +86,11 @@ TEST_F(RunCompanionTest, APressOnTheNotificationAsksForTheWindow) {
     scene_.pictures(1);
     scene_.chooseFolders();
     scene_.runToItsEnd();
-    const Count wanted(companion_.get(), &RunCompanion::windowWanted);
-    log_.activated();
-    EXPECT_EQ(wanted.times(), 1);
+    std::vector<QByteArray> tokens;
+    QObject::connect(companion_.get(), &RunCompanion::windowWanted,
+                     [&](const QByteArray& token) { tokens.push_back(token); });
+    log_.activated("token_TIME0");
+    EXPECT_EQ(tokens, std::vector<QByteArray>{"token_TIME0"});
 }
 
 TEST_F(RunCompanionTest, TellsOfASearchInItsOwnWords) {

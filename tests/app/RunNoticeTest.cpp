@@ -43,6 +43,8 @@ TEST(RunNotice, TellsWhereARunStopped) {
 TEST(RunNotice, NamesTheDiskThatIsFull) {
     EXPECT_EQ(noticeOf(sorted(StopReason::diskFull()), "/media/Birds").body,
               "Stopped at photo 10 of 50 — Birds is full");
+    EXPECT_EQ(noticeOf(sorted(StopReason::diskFull()), "/media/100%1").body,
+              "Stopped at photo 10 of 50 — 100%1 is full");
     EXPECT_EQ(noticeOf(found(StopReason::diskFull()), std::nullopt).body,
               "Stopped at photo 10 of 50 — The destination is full");
 }

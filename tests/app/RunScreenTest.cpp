@@ -2,11 +2,10 @@
 
 #include <QAccessible>
 #include <QTest>
-#include <atomic>
 #include <exception>
 #include <stdexcept>
 
-#include "app/ScreenScene.h"
+#include "app/HeldScreen.h"
 
 namespace ornivo::app {
 namespace {
@@ -14,46 +13,7 @@ namespace {
 using namespace ornivo::testing;
 using Operation = FailingFiles::Operation;
 
-/// A run that is held up at a copy until it is let go.
-class RunScreen : public ::testing::Test {
-protected:
-    /// Holds the run up at the copy with this number, from 0.
-    void holdAt(int copy) {
-        screen_.scene.run.files().onAttempt([this, copy](const FailingFiles::Attempt& attempt) {
-            if (attempt.operation != Operation::copy || copies_++ != copy) return;
-            isHeld_ = true;
-            mayGo_.wait(false);
-        });
-    }
-    void startHeld() {
-        screen_.scene.chooseFolders();
-        store().tapPrimaryCTA();
-        ASSERT_TRUE(waitUntil([&] { return isHeld_.load(); }));
-        const int reached = copies_ - 1;
-        ASSERT_TRUE(waitUntil(
-            [&] { return store().progress() && store().progress()->current >= reached; }));
-    }
-    void letGo() {
-        mayGo_ = true;
-        mayGo_.notify_all();
-    }
-    void TearDown() override { letGo(); }
-
-    void pictures(const Bird& bird, int count, double confidence = 0.9) {
-        for (int i = 0; i < count; ++i) {
-            screen_.scene.run.picture("a" + std::to_string(next_++) + ".jpg", bird, confidence);
-        }
-    }
-    AppStore& store() { return screen_.store(); }
-
-    std::atomic<int> copies_ = 0;
-    std::atomic<bool> isHeld_ = false;
-    std::atomic<bool> mayGo_ = false;
-    ScreenScene screen_;
-
-private:
-    int next_ = 0;
-};
+class RunScreen : public HeldScreen {};
 
 TEST_F(RunScreen, WhileSortingShowsHowFarItIs) {
     pictures(robin, 2);
@@ -83,11 +43,24 @@ TEST_F(RunScreen, FoldersAndModeAreInertWhileItRuns) {
         EXPECT_FALSE(button->isEnabled()) << name;
     }
     EXPECT_FALSE(screen_.find("recentSources")->isEnabled());
+    for (const char* dimmed : {"sourceRow", "sinkRow", "primaryButton"}) {
+        EXPECT_NEAR(screen_.find(dimmed)->opacity(), 0.45, 0.001) << dimmed;
+    }
+    const auto inkOfRecent = [&] {
+        return screen_.control("source")->property("ink").value<QColor>().rgb();
+    };
+    EXPECT_EQ(inkOfRecent(), qRgb(140, 140, 140));
     QTest::keyClick(&screen_.window(), Qt::Key_O, Qt::ControlModifier);
     QTest::keyClick(&screen_.window(), Qt::Key_2, Qt::ControlModifier);
     EXPECT_FALSE(store().pickingSource());
     EXPECT_EQ(store().appMode(), AppMode::sort);
     EXPECT_EQ(screen_.text("sourceStatus"), "3 photos found (including subfolders)");
+    letGo();
+    ASSERT_TRUE(screen_.scene.waitForEnd());
+    for (const char* bright : {"sourceRow", "sinkRow", "primaryButton"}) {
+        EXPECT_EQ(screen_.find(bright)->opacity(), 1) << bright;
+    }
+    EXPECT_EQ(inkOfRecent(), qRgb(200, 240, 96));
 }
 
 TEST_F(RunScreen, IsPausedResumedAndStoppedByItsButtons) {
@@ -184,6 +157,33 @@ TEST_F(RunScreen, AtItsEndShowsWhatItDid) {
     screen_.click("Reveal in Finder");
     EXPECT_EQ(screen_.reveals.folders, std::vector{screen_.scene.sink()});
     screen_.picture("sorted");
+}
+
+TEST_F(RunScreen, ASinkThatIsGoneLeavesTheButtonInPlace) {
+    pictures(robin, 1);
+    screen_.window();
+    screen_.scene.chooseFolders();
+    screen_.scene.runToItsEnd();
+    std::filesystem::remove_all(screen_.scene.sink());
+    ASSERT_TRUE(screen_.isShown("revealButton"));
+    screen_.click("Reveal in Finder");
+    EXPECT_EQ(screen_.reveals.folders, std::vector{screen_.scene.sink()});
+}
+
+TEST_F(RunScreen, DoesntBlockTheSettings) {
+    pictures(robin, 3);
+    holdAt(1);
+    screen_.window();
+    startHeld();
+    screen_.click("Settings");
+    ASSERT_TRUE(waitUntil([&] { return screen_.control("Confirm near-misses") != nullptr; }));
+    screen_.click("Confirm near-misses");
+    EXPECT_EQ(store().burstInheritance(), BurstInheritance::confirmedOnly);
+    EXPECT_EQ(store().jobState(), JobState::running);
+    letGo();
+    ASSERT_TRUE(screen_.scene.waitForEnd());
+    EXPECT_EQ(store().sortResult()->sorted, 3);
+    EXPECT_TRUE(screen_.isShown("sheetBody"));
 }
 
 TEST_F(RunScreen, WithWarningsShowsTheFirstThreeAndCountsTheRest) {

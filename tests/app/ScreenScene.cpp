@@ -146,6 +146,11 @@ QStringList ScreenScene::tabOrder() {
         if (!item || item == first) break;
         if (!first) first = item;
         names << accessibleName(item);
+        const auto isRing = [](QQuickItem* part) {
+            return part->isVisible() &&
+                   QByteArray(part->metaObject()->className()).startsWith("FocusRing");
+        };
+        EXPECT_TRUE(firstOf(window().contentItem(), isRing)) << names.last().toStdString();
     }
     return names;
 }

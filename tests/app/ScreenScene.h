@@ -49,7 +49,8 @@ public:
     bool isOn(const QString& controlName) { return control(controlName)->isEnabled(); }
     /// Clicks the middle of a control.
     void click(const QString& controlName);
-    /// The names of the controls that Tab comes to, in its order.
+    /// The names of the controls that Tab comes to, in its order. Each shows that it has the
+    /// keyboard.
     QStringList tabOrder();
 
     /// What QML complained of.

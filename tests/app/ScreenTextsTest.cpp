@@ -24,9 +24,17 @@ TEST(Percentage, RoundsHalfAwayFromZeroAndIsNothingOfNothing) {
     }
 }
 
+TEST(OnOneLine, IsWhatWouldBreakItABlank) {
+    EXPECT_EQ(onOneLine("a\nb\r\nc\td"), "a b  c d");
+    EXPECT_EQ(onOneLine(QString::fromUtf8("a\u2028b\u2029c\u0085d\u007fe")), "a b c d e");
+    EXPECT_EQ(onOneLine(QString::fromUtf8("Möwe 鹤 — 100%1")),
+              QString::fromUtf8("Möwe 鹤 — 100%1"));
+}
+
 TEST(ShownName, IsTheLastComponentWhateverItsBytes) {
     EXPECT_EQ(shownName("/home/ana/Birds 2026"), "Birds 2026");
     EXPECT_EQ(shownName("/home/ana/Birds/"), "Birds");
+    EXPECT_EQ(shownName("/home/ana/Bir\nds"), "Bir ds");
     EXPECT_EQ(shownName("/photos/M\xFCnchen"), "M�nchen");
 }
 

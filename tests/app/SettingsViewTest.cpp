@@ -288,14 +288,6 @@ TEST_F(SettingsView, ARegionOfAnOlderTableMarksNoRow) {
     EXPECT_TRUE(screen().shownIn("regionExplanation").join('|').startsWith("Species with no"));
 }
 
-TEST_F(SettingsView, OpensAnewWithoutNotes) {
-    usePlace("Xyzzyville");
-    open();
-    EXPECT_EQ(placeNote(), "");
-    EXPECT_EQ(screen().item("placeField")->property("text").toString(), "");
-    EXPECT_EQ(applyNote(), "");
-}
-
 TEST_F(SettingsView, TheCoverageCheckAnswers) {
     EXPECT_TRUE(screen().shows("Will it know your birds?"));
     EXPECT_TRUE(screen().shows(
@@ -325,6 +317,21 @@ TEST_F(SettingsView, TheKeyboardReachesEverythingInTheOrderOfReading) {
                            "Use each photo's own location", "Who made this possible"})
                   .join("|")
                   .toStdString());
+}
+
+TEST_F(SettingsView, TheKeyboardGoesBackwardsToo) {
+    for (const QString& name : {QString("Who made this possible"),
+                                QString("Use each photo's own location"), placeField}) {
+        QTest::keyClick(&screen().window(), Qt::Key_Backtab, Qt::ShiftModifier);
+        EXPECT_EQ(screen().focused(), name);
+    }
+}
+
+TEST_F(SettingsView, WhatBecameOfAPasteIsSaidWhereTheKeyboardIs) {
+    chooseSink();
+    EXPECT_EQ(accessibleDescription(screen().control(paste)), "");
+    pasted("Dear all");
+    EXPECT_EQ(accessibleDescription(screen().control(paste)), nothing);
 }
 
 TEST_F(SettingsView, DoneAndEscapeCloseIt) {
@@ -361,6 +368,29 @@ TEST(SettingsSheet, LiesOverTheCardsUntilItIsClosed) {
     QTest::keyClick(&screen.window(), Qt::Key_Escape);
     EXPECT_TRUE(waitUntil([&] { return !screen.store().showingSettings(); }));
     EXPECT_FALSE(screen.isShown("sheetBody"));
+}
+
+TEST(SettingsSheet, OpensAnewWithoutNotes) {
+    ScreenScene screen;
+    fs::create_directories(screen.scene.sink());
+    screen.store().setSink(screen.scene.sink());
+    QGuiApplication::clipboard()->setText("Dear all");
+    screen.window();
+    screen.store().setShowingSettings(true);
+    ASSERT_TRUE(waitUntil([&] { return screen.control(paste) != nullptr; }));
+    screen.click(paste);
+    ASSERT_TRUE(waitUntil([&] { return screen.text("applyNote") == nothing; }));
+    screen.control(placeField)->forceActiveFocus();
+    for (const char letter : std::string("xyzzy")) QTest::keyClick(&screen.window(), letter);
+    QTest::keyClick(&screen.window(), Qt::Key_Return);
+    ASSERT_NE(screen.text("placeNote"), "");
+    QTest::keyClick(&screen.window(), Qt::Key_Escape);
+    ASSERT_TRUE(waitUntil([&] { return !screen.isShown("sheetBody"); }));
+    screen.store().setShowingSettings(true);
+    ASSERT_TRUE(waitUntil([&] { return screen.isShown("sheetBody"); }));
+    EXPECT_EQ(screen.text("applyNote"), "");
+    EXPECT_EQ(screen.text("placeNote"), "");
+    EXPECT_EQ(screen.find("placeField")->property("text").toString(), "");
 }
 
 TEST(SettingsSheet, ClosesWhenTheStoreSaysSo) {

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QLocalSocket>
 #include <atomic>
+#include <cstdlib>
 #include <thread>
 
 #include "app/StoreScene.h"
@@ -56,13 +58,42 @@ TEST_F(SingleInstanceTest, AfterTheFirstHasLetGoTheNextIsTheFirst) {
 }
 
 TEST_F(SingleInstanceTest, WhatACrashLeftBehindIsNoFirst) {
-    writeFile(folder_ / "ornivo.socket", "");
-    writeFile(folder_ / "ornivo.lock", "999999999\nornivo\nelsewhere\n");
+    EXPECT_EXIT(
+        {
+            SingleInstance crashing(folder());
+            std::_Exit(crashing.claim() ? 0 : 1);
+        },
+        ::testing::ExitedWithCode(0), "");
+    ASSERT_TRUE(std::filesystem::exists(folder_ / "ornivo.lock"));
+    ASSERT_TRUE(std::filesystem::exists(folder_ / "ornivo.socket"));
     SingleInstance instance(folder());
     EXPECT_FALSE(instance.handOver({}));
-    std::filesystem::remove(folder_ / "ornivo.lock");
     EXPECT_TRUE(instance.claim());
     EXPECT_TRUE(handOver({}));
+}
+
+TEST_F(SingleInstanceTest, AStartThatGoesBeforeItIsHeardMakesNoNoise) {
+    SingleInstance first(folder());
+    const Count requests(&first, &SingleInstance::requested);
+    ASSERT_TRUE(first.claim());
+    ::testing::internal::CaptureStderr();
+    // Nothing is read here meanwhile.
+    std::jthread([this] {
+        QLocalSocket socket;
+        socket.connectToServer(folder() + QStringLiteral("/ornivo.socket"));
+        EXPECT_TRUE(socket.waitForConnected());
+        socket.abort();
+    }).join();
+    EXPECT_TRUE(waitUntil([&] { return requests.times() == 1; }));
+    EXPECT_EQ(::testing::internal::GetCapturedStderr(), "");
+}
+
+TEST(SingleInstanceFolder, IsTheOneThatAllStartsSee) {
+    const QString own = qEnvironmentVariable("XDG_RUNTIME_DIR");
+    EXPECT_EQ(SingleInstance::usualFolder(), own);
+    qputenv("FLATPAK_ID", "org.ornivo.Ornivo");
+    EXPECT_EQ(SingleInstance::usualFolder(), own + QStringLiteral("/app/org.ornivo.Ornivo"));
+    qunsetenv("FLATPAK_ID");
 }
 
 TEST_F(SingleInstanceTest, WhereNothingCanBeWrittenEachIsOnItsOwn) {

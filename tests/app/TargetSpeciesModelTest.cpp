@@ -5,6 +5,7 @@
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
 
+#include "app/presentation/TargetSpeciesText.h"
 #include "identification/BirdClassifierLabels.h"
 
 namespace ornivo::app {
@@ -18,6 +19,10 @@ BirdSpecies known() {
     return {match.commonName, match.scientificName};
 }
 
+Mark mark(const TargetSpeciesModel& model, int row) {
+    return model.data(model.index(row), TargetSpeciesModel::MarkRole).value<Mark>();
+}
+
 QVariant value(const TargetSpeciesModel& model, int row, TargetSpeciesModel::Role role) {
     return model.data(model.index(row), role);
 }
@@ -29,8 +34,8 @@ TEST(TargetSpeciesModel, SaysOfEachSpeciesWhetherTheClassifierKnowsIt) {
     const QAbstractItemModelTester tester(&model);
     model.show({known(), dodo});
     ASSERT_EQ(model.count(), 2);
-    EXPECT_EQ(value(model, 0, TargetSpeciesModel::IsKnown), true);
-    EXPECT_EQ(value(model, 1, TargetSpeciesModel::IsKnown), false);
+    EXPECT_EQ(mark(model, 0), speciesMark(true));
+    EXPECT_EQ(mark(model, 1), speciesMark(false));
     EXPECT_EQ(value(model, 1, TargetSpeciesModel::CommonName), "Dodo");
     EXPECT_EQ(value(model, 1, TargetSpeciesModel::ScientificName), "Raphus cucullatus");
     EXPECT_EQ(value(model, 1, TargetSpeciesModel::SpeciesID), "dodo|raphus cucullatus");
@@ -39,8 +44,8 @@ TEST(TargetSpeciesModel, SaysOfEachSpeciesWhetherTheClassifierKnowsIt) {
 TEST(TargetSpeciesModel, EitherNameMakesASpeciesKnown) {
     TargetSpeciesModel model;
     model.show({{known().commonName, "Nonsense"}, {"Nonsense", known().scientificName}});
-    EXPECT_EQ(value(model, 0, TargetSpeciesModel::IsKnown), true);
-    EXPECT_EQ(value(model, 1, TargetSpeciesModel::IsKnown), true);
+    EXPECT_EQ(mark(model, 0), speciesMark(true));
+    EXPECT_EQ(mark(model, 1), speciesMark(true));
 }
 
 TEST(TargetSpeciesModel, WhatStaysIsntMoved) {

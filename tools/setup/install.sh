@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs what is missing for a purpose: "run" to build and run the program, "test" for its tests
-# too, "bench" for the benchmarks as well. Says what it is about to install; with nothing missing it says nothing and is quick.
+# too, "pictures" for the pictures of the guide, "bench" for the benchmarks as well. Says what it is
+# about to install; with nothing missing it says nothing and is quick.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 
@@ -29,9 +30,10 @@ test)
         btrfs-progs chromium dbus-daemon e2fsprogs ffmpeg libgmock-dev libgtest-dev nodejs python3 xfsprogs
     )
     ;;
+pictures) packages+=(libgmock-dev libgtest-dev xauth xvfb) ;;
 bench) packages+=(ffmpeg libbenchmark-dev libgmock-dev libgtest-dev python3) ;;
 *)
-    echo "setup: There is no purpose named $purpose; run, test and bench are." >&2
+    echo "setup: There is no purpose named $purpose; run, test, pictures and bench are." >&2
     exit 2
     ;;
 esac
