@@ -16,8 +16,10 @@ Flickable {
 
     readonly property Item focused: Window.activeFocusItem
     onFocusedChanged: {
+        // A card that goes leaves the keyboard at its empty place for a moment.
+        if (!holds(focused) || focused instanceof Loader) return
         // The keyboard may come to something that is about to be shown, and its place with it.
-        if (!holds(focused) || gathering.items.some(item => isWithin(focused, item))) return
+        if (gathering.items.some(item => isWithin(focused, item))) return
         // Where the user goes counts for more than what came before.
         gathering.items = []
         followed = null

@@ -63,6 +63,21 @@ TEST_F(Keyboard, OfARunGoesToPauseAndBackToTheButtonThatBeginsTheNext) {
     EXPECT_TRUE(comesTo("Sort Photos")) << at().toStdString();
 }
 
+TEST_F(Keyboard, AtARunDoesNotKeepItsResultOutOfSight) {
+    screen_.resize(720, 560);
+    pictures(robin, 3);
+    holdAt(1);
+    screen_.window();
+    screen_.scene.chooseFolders();
+    tabTo("Sort Photos");
+    key(Qt::Key_Return);
+    waitUntilHeld();
+    EXPECT_TRUE(comesTo("Pause"));
+    letGo();
+    ASSERT_TRUE(screen_.scene.waitForEnd());
+    EXPECT_TRUE(waitUntil([&] { return screen_.isInSight("sortResultSlot"); }));
+}
+
 TEST_F(Keyboard, OfARunThatWasBegunFromACardThatGoesComesToPause) {
     pictures(robin, 3);
     holdAt(1);

@@ -27,6 +27,12 @@ QQuickItem* firstOf(QQuickItem* item, const std::function<bool(QQuickItem*)>& co
     return nullptr;
 }
 
+/// Does at once what the next frame would begin with: lists make their rows then.
+void layOut(QQuickItem* item) {
+    item->ensurePolished();
+    for (QQuickItem* const child : item->childItems()) layOut(child);
+}
+
 }  // namespace
 
 QString accessibleName(QQuickItem* item) {
@@ -108,6 +114,7 @@ QStringList ScreenScene::visibleTexts(QQuickItem* item) {
 }
 
 QStringList ScreenScene::texts(const QString& objectName) {
+    layOut(window().contentItem());
     QQuickItem* const item = find(objectName);
     return item ? visibleTexts(item) : QStringList();
 }

@@ -96,12 +96,14 @@ void settingsAndCredits(const Places& places) {
     AppWindow& window = scene.window();
     window.key(Qt::Key_Comma, Qt::ControlModifier);
     scene.picture("settings");
+    window.click("Confirm near-misses");
+    scene.picture("settings-bursts");
     window.click(QString::fromUtf8("Type a bird you photograph…"));
     window.type("owl");
     scene.picture("settings-coverage");
-    window.scroll(3);
-    window.click("Confirm near-misses");
-    scene.picture("settings-bursts");
+    // The list of matches would take the wheel.
+    window.key(Qt::Key_A, Qt::ControlModifier);
+    window.key(Qt::Key_Backspace);
     window.scroll(farAway);
     window.click(QString::fromUtf8("or type a place — Kerala, Ladakh, Bangalore…"));
     window.type("Norfolk");
@@ -113,10 +115,10 @@ void settingsAndCredits(const Places& places) {
 }
 
 void creditsWithRoster(const Places& places) {
-    Credits::Payload payload = Credits::payload().value();
-    payload.rosterStatus = "complete";
+    std::optional<Credits::Payload> payload = Credits::payload();
+    payload->rosterStatus = "complete";
     for (int i = 1; i <= 1200; ++i) {
-        payload.photographers.push_back("Photographer " + std::to_string(i));
+        payload->photographers.push_back("Photographer " + std::to_string(i));
     }
     app::CreditsPresenter presenter(payload);
     ElementScene scene("CreditsView { credits: host.credits }",
