@@ -42,6 +42,7 @@ Flickable {
 
     // The same for what matters more than all that has come with it.
     function showInstead(item) {
+        followed = null
         gathering.items = [item]
         gathering.restart()
     }

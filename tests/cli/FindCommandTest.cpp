@@ -4,9 +4,10 @@
 
 #include <algorithm>
 #include <cctype>
+#include <iomanip>
 #include <map>
 #include <nlohmann/json.hpp>
-#include <regex>
+#include <sstream>
 
 #include "cli/ResumeCommandLine.h"
 #include "cli/SortScene.h"
@@ -201,17 +202,28 @@ TEST_F(FindCommandTest, AFullDiskStopsASearchThatItsSpeciesBringOnAgain) {
                                      chosen + "/IMG_0003.jpg", chosen + "/IMG_0004.jpg"}));
 }
 
+/// Empty where the line doesn't hold both.
+std::string between(const std::string& line, const std::string& start, const std::string& end) {
+    const auto found = line.find(start);
+    if (found == std::string::npos) return {};
+    const auto first = found + start.size();
+    const auto last = line.find(end, first);
+    return last == std::string::npos ? "" : line.substr(first, last - first);
+}
+
 /// The birds that a text looks for in its examples of commands.
 std::vector<std::string> birdsInExamples(const std::string& text) {
-    const std::regex search("(?:ornivo-cli|run) find ([^\n\\[]*?) --in|--species (\"[^\"]*\")");
-    const std::regex word("\"([^\"]*)\"|(\\S+)");
-    const std::sregex_iterator end;
     std::vector<std::string> birds;
-    for (std::sregex_iterator found(text.begin(), text.end(), search); found != end; ++found) {
-        const std::string words = (*found)[1].str() + (*found)[2].str();
-        for (std::sregex_iterator bird(words.begin(), words.end(), word); bird != end; ++bird) {
-            birds.push_back((*bird)[1].str() + (*bird)[2].str());
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);) {
+        for (const char* const command : {"ornivo-cli find ", "./run find "}) {
+            const std::string names = between(line, command, " --in");
+            if (names.starts_with('[')) continue;
+            std::istringstream words(names);
+            for (std::string bird; words >> std::quoted(bird);) birds.push_back(bird);
         }
+        const std::string bird = between(line, "--species \"", "\"");
+        if (!bird.empty()) birds.push_back(bird);
     }
     return birds;
 }
