@@ -22,7 +22,9 @@ function sourceFolder(...names) {
 }
 
 test('what a run was not certain of is decided in the page and filed by the program', async () => {
-  const names = ['a bird.jpg', 'b, c.jpg', 'the "big" one.jpg', 'étang.jpg'];
+  const names = [
+    '<b>&.jpg', 'a bird.jpg', 'b, c.jpg', 'plain.jpg', 'the "big" one.jpg', 'étang.jpg',
+  ];
   const source = sourceFolder(...names);
   const destination = newFolder();
   runProgram('ornivo-cli', ['sort', source, destination, '--level', 'confirmed']);
@@ -38,10 +40,12 @@ test('what a run was not certain of is decided in the page and filed by the prog
   const guessed = (name, index) =>
     guess(page, cardOf(name), index).locator('.nm').textContent();
 
-  // One decision by click, one by typing, one by key; one shot stays open.
+  // One decision by click, three by typing, one by key; one shot stays open.
   const clicked = await guessed('b, c.jpg', 1);
   await guess(page, cardOf('b, c.jpg'), 1).click();
   await ownName(page, cardOf('the "big" one.jpg')).fill('Koklass Pheasant');
+  await ownName(page, cardOf('<b>&.jpg')).fill('Bird & <Co>');
+  await ownName(page, cardOf('étang.jpg')).fill('Héron "cendré"');
   const pressed = await guessed('a bird.jpg', 0);
   await page.locator(`#c${cardOf('a bird.jpg')} .file`).click();
   await page.keyboard.press('1');
@@ -53,8 +57,9 @@ test('what a run was not certain of is decided in the page and filed by the prog
   runProgram('ornivo-cli', ['file-decisions', destination, list]);
 
   const filed = {
-    'a bird.jpg': pressed, 'b, c.jpg': clicked, 'the "big" one.jpg': 'Koklass Pheasant',
-    'étang.jpg': '_Uncertain',
+    '<b>&.jpg': 'Bird & <Co>', 'a bird.jpg': pressed, 'b, c.jpg': clicked,
+    'plain.jpg': '_Uncertain', 'the "big" one.jpg': 'Koklass Pheasant',
+    'étang.jpg': 'Héron "cendré"',
   };
   assert.deepEqual(filesBelow(destination), [
     ...names.map((name) => join(filed[name], name)),
