@@ -30,6 +30,13 @@ protected:
         for (int i = 0; i < 60 && at() != name; ++i) key(Qt::Key_Tab);
         ASSERT_EQ(at(), name);
     }
+    /// All is chosen for a run of three photographs that is held up at the second.
+    void prepareRun() {
+        pictures(robin, 3);
+        holdAt(1);
+        screen_.window();
+        screen_.scene.chooseFolders();
+    }
     bool comesTo(const QString& name) {
         return waitUntil([&] { return at() == name && isMarked(); });
     }
@@ -48,10 +55,7 @@ protected:
 };
 
 TEST_F(Keyboard, OfARunGoesToPauseAndBackToTheButtonThatBeginsTheNext) {
-    pictures(robin, 3);
-    holdAt(1);
-    screen_.window();
-    screen_.scene.chooseFolders();
+    prepareRun();
     tabTo("Sort Photos");
     key(Qt::Key_Return);
     waitUntilHeld();
@@ -65,10 +69,7 @@ TEST_F(Keyboard, OfARunGoesToPauseAndBackToTheButtonThatBeginsTheNext) {
 
 TEST_F(Keyboard, AtARunDoesNotKeepItsResultOutOfSight) {
     screen_.resize(720, 560);
-    pictures(robin, 3);
-    holdAt(1);
-    screen_.window();
-    screen_.scene.chooseFolders();
+    prepareRun();
     tabTo("Sort Photos");
     key(Qt::Key_Return);
     waitUntilHeld();
@@ -79,10 +80,7 @@ TEST_F(Keyboard, AtARunDoesNotKeepItsResultOutOfSight) {
 }
 
 TEST_F(Keyboard, OfARunThatWasBegunFromACardThatGoesComesToPause) {
-    pictures(robin, 3);
-    holdAt(1);
-    screen_.window();
-    screen_.scene.chooseFolders();
+    prepareRun();
     tabTo("Fine tune the call threshold");
     key(Qt::Key_Return, Qt::ControlModifier);
     waitUntilHeld();
@@ -90,10 +88,7 @@ TEST_F(Keyboard, OfARunThatWasBegunFromACardThatGoesComesToPause) {
 }
 
 TEST_F(Keyboard, StaysWithWhatIsStillThere) {
-    pictures(robin, 3);
-    holdAt(1);
-    screen_.window();
-    screen_.scene.chooseFolders();
+    prepareRun();
     tabTo("Settings");
     key(Qt::Key_Return, Qt::ControlModifier);
     waitUntilHeld();
@@ -101,10 +96,7 @@ TEST_F(Keyboard, StaysWithWhatIsStillThere) {
 }
 
 TEST_F(Keyboard, IsNotMarkedForOneWhoUsesTheMouse) {
-    pictures(robin, 3);
-    holdAt(1);
-    screen_.window();
-    screen_.scene.chooseFolders();
+    prepareRun();
     screen_.click("Sort Photos");
     waitUntilHeld();
     EXPECT_TRUE(waitUntil([&] { return at() == "Pause"; })) << at().toStdString();

@@ -96,6 +96,20 @@ TEST_F(Scroll, ShowsAtLeastThreeSpecies) {
         waitUntil([&] { return list->height() >= 13 * list->property("rowHeight").toReal(); }));
 }
 
+TEST_F(Scroll, ShowsTheOfferToGoOnAfterAFullDisk) {
+    pictures(robin, 4);
+    screen_.scene.run.files().fail(FailingFiles::Operation::copy, nth(4), noSpaceLeft());
+    holdAt(2);
+    startHeld();
+    EXPECT_TRUE(waitUntil([&] { return screen_.isInSight("predictionSlot"); }));
+    // Long enough for it to be what is kept in sight.
+    QTest::qWait(300);
+    letGo();
+    ASSERT_TRUE(screen_.scene.waitForEnd());
+    QTest::qWait(500);
+    EXPECT_TRUE(waitUntil([&] { return screen_.isInSight("pausedRunSlot"); }));
+}
+
 TEST_F(Scroll, LeavesAloneOneWhoHasScrolled) {
     species(15);
     holdAt(4);
