@@ -58,9 +58,9 @@ class Session:
     _library = None
 
     def __init__(self, path, threads=1, optimisation="all", save_to=None):
+        self._handle = None
         if Session._library is None:
             Session._library = _load()
-        self._handle = None
         reason = ctypes.create_string_buffer(ROOM_FOR_REASON)
         self._handle = self._library.ornivo_open(
             os.fsencode(path), threads, OPTIMISATIONS[optimisation],
