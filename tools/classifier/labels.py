@@ -13,7 +13,7 @@ import numpy as np
 
 import head
 from holdback import CANDIDATES
-from lessons import indices
+from head_lessons import indices
 from places import placed
 
 FOLDS = 3
