@@ -62,23 +62,22 @@ def candidates(path=CANDIDATES):
                 for row in csv.DictReader(file)]
 
 
-def tried(start, temperature, pictures, lessons_of, factors, recipe):
-    """A Trial of each considered candidate.
+def tried(network, pictures, lessons_of, factors, recipe):
+    """A Trial of each considered candidate, with the opened start network.
 
     `pictures` are those that may teach; `lessons_of(labels)` their lessons with the labels given;
     `factors(pictures, labels)` the weights of the labels at the place of each, [pictures, labels].
     """
     everyone = candidates()
     considered = [one for one in everyone if not one.is_kept]
-    start_labels = list(start.labels)
-    labels = start_labels + [one.label for one in everyone]
+    labels = list(network.labels) + [one.label for one in everyone]
     truth = indices(pictures, labels)
     watched = {name for one in considered for name in (one.label, one.twin)}
     folded = np.array([truth[row] >= 0 and labels[truth[row]] in watched
                        for row in range(len(pictures))])
     lessons = lessons_of(labels)
-    layer = head.layer_of(start)
-    rounds = [_named_rightly(layer, temperature, lessons, truth, folded, seed, recipe,
+    layer = head.layer_of(network)
+    rounds = [_named_rightly(layer, network.temperature, lessons, truth, folded, seed, recipe,
                              factors(pictures, labels)) for seed in range(ROUNDS)]
     places = {label: index for index, label in enumerate(labels)}
 
@@ -90,12 +89,12 @@ def tried(start, temperature, pictures, lessons_of, factors, recipe):
             for one in considered]
 
 
-def chosen(start, trials):
+def chosen(network, trials):
     """All labels: the start's, then those beyond them in the order of the candidates' file."""
     earned = {trial.candidate.label for trial in trials
               if trial.is_earned and trial.pictures >= FEWEST_PICTURES}
     beyond = [one.label for one in candidates() if one.is_kept or one.label in earned]
-    return list(start.labels) + beyond
+    return list(network.labels) + beyond
 
 
 def _named_rightly(layer, temperature, lessons, truth, folded, seed, recipe, factors):
