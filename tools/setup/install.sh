@@ -29,6 +29,8 @@ test)
     packages+=(
         btrfs-progs chromium dbus-daemon e2fsprogs ffmpeg libgmock-dev libgtest-dev nodejs python3 xfsprogs
     )
+    # The making of the classifier; OpenBLAS is what its matrices are quick with.
+    packages+=(libopenblas0-pthread python3-numpy python3-onnx python3-pil python3-torch)
     ;;
 pictures) packages+=(libgmock-dev libgtest-dev xauth xvfb) ;;
 bench) packages+=(ffmpeg libbenchmark-dev libgmock-dev libgtest-dev python3) ;;
