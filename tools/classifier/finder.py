@@ -13,6 +13,8 @@ import torch
 from torch import nn
 from torch.nn import functional
 
+import finder_lessons
+import maps
 from graph import CELLS, LONGEST_LOGARITHM, cell_centres
 from network import MAP8, MAP16
 
@@ -172,6 +174,16 @@ def train(map16, map8, boxes, epochs=EPOCHS, log=print):
 def _deviation(maps):
     sample = np.asarray(maps[::7], np.float32)
     return torch.tensor(sample.std(axis=(0, 2, 3)) + 1e-3)[None, :, None, None]
+
+
+def run(pictures, sides, work):
+    """Writes work/finder.npz, taught by the training side's pictures and by those made of them."""
+    boxes, usable = finder_lessons.boxes_of(pictures, sides, work)
+    rows = np.where(usable)[0]
+    seen, made = maps.kept(work, "pictures"), maps.kept(work, "lessons")
+    both = {name: np.concatenate([seen[name][rows], made[name]]) for name in ("map16", "map8")}
+    taught = np.concatenate([boxes[rows], np.load(Path(work) / "lessons.npy")])
+    save(train(both["map16"], both["map8"], taught), Path(work) / "finder.npz")
 
 
 def save(finder, path):

@@ -8,6 +8,7 @@ import numpy as np
 
 import finder as finding
 import maps
+from gate import Gate, evidence_of
 from network import MAP8, MAP16, MEANS
 from preparation import SIDE, chw
 from teacher import side_of
@@ -77,3 +78,66 @@ def save(looks, path):
 def load(path):
     kept = np.load(Path(path))
     return Looks(*(kept[field.name] for field in fields(Looks)))
+
+
+def softmax(scores):
+    """Of each row."""
+    shares = np.exp(scores - scores.max(axis=1, keepdims=True))
+    return shares / shares.sum(axis=1, keepdims=True)
+
+
+def looks_twice(looks, first, settings):
+    """Whether the graph takes the second look, bool [n]; `first` are the first look's scores."""
+    unsure = softmax(first / settings.temperature).max(axis=1) < settings.sure
+    return looks.has_second & unsure & (looks.side < settings.small) & (looks.seen > settings.seen)
+
+
+def answers(looks, weight, bias, settings, twins=None):
+    """The graph's probabilities [n, labels] with the last layer `weight` [labels, 1280], `bias`
+    [labels]."""
+    first = looks.means @ weight.T + bias
+    twice = looks_twice(looks, first, settings)
+    second = np.where(twice[:, None], looks.second_means @ weight.T + bias, first)
+    share = second_share(looks, twice, settings)[:, None]
+    mixed = first * (1 - share) + second * share
+    temperature = np.where(twice, settings.temperature_two, settings.temperature)
+    shares = softmax(mixed / temperature[:, None])
+    if twins is not None:
+        shares = lent(shares, *twins)
+    return gated(sharpened(shares, settings), bird_logit(looks, first, second, twice, settings),
+                 settings)
+
+
+def second_share(looks, twice, settings):
+    """The part of the mixed scores that is the second look's, [n]."""
+    share = np.clip((settings.share_from - looks.side) / settings.share_width, 0, 1)
+    return np.where(twice, share, 0)
+
+
+def lent(shares, index, weight):
+    """The shares with what look-alikes lend each other (lookalikes.twins)."""
+    return sum(shares[:, column] * part for column, part in zip(index.T, weight.T))
+
+
+def sharpened(shares, settings):
+    above = np.maximum(shares.max(axis=1, keepdims=True) - settings.sharp_from, 0)
+    raised = shares ** (1 + settings.sharpness * above)
+    return raised / raised.sum(axis=1, keepdims=True)
+
+
+def bird_logit(looks, first, second, twice, settings):
+    """How surely there is a bird, [n]: the gate's answers to both looks, mixed."""
+    gate = Gate(np.array(settings.gate_means, np.float32), settings.gate_finder,
+                settings.gate_evidence, settings.gate_constant)
+    one = gate.logits(looks.means, looks.seen, evidence_of(first))
+    two = gate.logits(looks.second_means, looks.second_seen, evidence_of(second))
+    part = settings.gate_second
+    return np.where(twice, one * (1 - part) + two * part, one)
+
+
+def gated(shares, logit, settings):
+    """The shares of birds, the rest spread over the labels that live nearly everywhere."""
+    is_bird = 1 / (1 + np.exp(-logit))[:, None]
+    spread = np.zeros(shares.shape[1])
+    spread[settings.nobody] = 1 / len(settings.nobody)
+    return shares * is_bird + spread * (1 - is_bird)

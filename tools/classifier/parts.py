@@ -50,12 +50,12 @@ class Part:
         def renamed(name):
             if name == "":
                 return ""
-            return replacement if name == source else f"{self.prefix}{name}"
+            return replacement if name == source else f"{self.prefix}taken_{name}"
 
         for original in needed:
             node = onnx.NodeProto()
             node.CopyFrom(original)
-            node.name = f"{self.prefix}{original.name or original.output[0]}"
+            node.name = f"{self.prefix}taken_{original.name or original.output[0]}"
             node.input[:] = [renamed(name) for name in original.input]
             node.output[:] = [renamed(name) for name in original.output]
             self.nodes.append(node)
