@@ -1,24 +1,16 @@
-"""What the steps of a making share: the folders, the pictures, the network, all read once."""
+"""What the steps of a making share: the folders given, and what is read from them once."""
 
-import json
 from dataclasses import dataclass
 from functools import cached_property
 from pathlib import Path
 
 import numpy as np
 
-import features
-import head
-import head_lessons
 import holdback
-import labels
 import network
 import pictures
 import places
 from runtime import Session
-
-# Views of each picture that teach the last layer. More of them gained nothing.
-VIEWS = 3
 
 
 @dataclass(frozen=True)
@@ -29,6 +21,7 @@ class Making:
     folder: Path
     teacher: Path
     samples: Path
+    facts: Path
     regions_file: Path
     work: Path
     out: Path
@@ -38,78 +31,51 @@ class Making:
         return self.start / "model.onnx"
 
     @property
-    def names(self):
-        """The common names by label, which lie beside the regions."""
-        return self.regions_file.with_name("bird_common_names.json")
+    def features_model(self):
+        return self.work / "features.onnx"
+
+    @property
+    def labels_file(self):
+        return self.work / "labels.txt"
+
+    def layer_file(self, name):
+        """The last layer of the classifier `name`, "proof" or "final"."""
+        return self.work / name / "head.npz"
+
+    def model_file(self, name):
+        return (self.out if name == "final" else self.work / name) / "model.onnx"
 
     @cached_property
     def pictures(self):
-        return pictures.load(self.folder, self.work, self.names)
+        # The common names lie beside the regions.
+        names = self.regions_file.with_name("bird_common_names.json")
+        return pictures.load(self.folder, self.work, names)
 
     @cached_property
     def sides(self):
+        """holdback.TRAIN, HELD or DROPPED for each picture."""
         return np.array(holdback.divided(self.pictures, self.work))
 
     @cached_property
     def network(self):
+        """The start, opened."""
         return network.open_network(self.start_model, self.work)
 
     @cached_property
     def features(self):
         """A session of the model that answers the network's maps, means and scores."""
-        target = self.work / "features.onnx"
-        network.save_features_model(self.network, target)
-        return Session(target)
+        return Session(self.features_model)
 
     @cached_property
     def regions(self):
         return places.read_regions(self.regions_file)
 
-    def rows_that_teach(self, everything):
-        """Which pictures teach the last layer: the birds on the training side, or, for the layer to
-        ship, all of them but for repetitions."""
-        is_bird = np.array([picture.set in ("scenes", "extras") for picture in self.pictures])
-        sides = (holdback.TRAIN, holdback.HELD) if everything else (holdback.TRAIN,)
-        return np.where(is_bird & np.isin(self.sides, sides))[0]
-
-    def keep_view(self, number):
-        features.keep_means(self.features, self.pictures, number, self.work)
-
-    def try_labels(self):
-        rows = self.rows_that_teach(everything=False)
-        chosen = [self.pictures[row] for row in rows]
-        trials = labels.tried(
-            self.network, chosen,
-            lambda names: head_lessons.gathered(self.pictures, rows, names, self.work, VIEWS),
-            self._factors, head.Recipe())
-        all_labels = labels.chosen(self.network, trials)
-        told = [dict(species=trial.candidate.species, looks_like=trial.candidate.looks_like,
-                     pictures=trial.pictures, own=trial.own, twin=trial.twin,
-                     earned=trial.is_earned) for trial in trials]
-        (self.work / "trials.json").write_text(json.dumps(told, indent=1))
-        (self.work / "labels.txt").write_text("".join(f"{label}\n" for label in all_labels))
-        return f"{len(all_labels)} labels, {sum(trial.is_earned for trial in trials)} of them new"
-
     @property
     def labels(self):
-        return (self.work / "labels.txt").read_text().split()
+        """The labels of the classifier in the making."""
+        return self.labels_file.read_text(encoding="utf-8").split()
 
-    def teach_head(self, target, everything):
-        rows = self.rows_that_teach(everything)
-        lessons = head_lessons.gathered(self.pictures, rows, self.labels, self.work, VIEWS)
-        layer = head.teach(head.layer_of(self.network), self.network.temperature, lessons,
-                           len(self.labels))
-        np.savez(target, weight=layer.weight.numpy(), bias=layer.bias.numpy())
-        return f"{len(rows)} pictures, {VIEWS} views each"
-
-    def network_with(self, head_file):
-        layer = np.load(head_file)
+    def network_with_layer(self, name):
+        """The start with the last layer of the classifier `name`."""
+        layer = np.load(self.layer_file(name))
         return network.with_last_layer(self.network, layer["weight"], layer["bias"], self.labels)
-
-    def _factors(self, chosen, names):
-        known = places.read_source_places()
-        everywhere = np.ones(len(names), np.float32)
-        by_place = {place: places.weights(place, names, self.regions)
-                    for _, place in known.values()}
-        return np.stack([by_place[known[picture.source][1]] if picture.source in known
-                         else everywhere for picture in chosen])
