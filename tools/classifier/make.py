@@ -32,12 +32,12 @@ from steps_head import VIEWS
 
 def making_steps(making, compare=None):
     """The steps of a making; `compare` is another classifier to measure beside it, or None."""
-    yield from _of_the_layers(making)
+    yield from of_the_layers(making)
     yield from steps_graph.of_the_graphs(making)
-    yield from _of_the_figures(making, compare)
+    yield from of_the_figures(making, compare)
 
 
-def _of_the_layers(making):
+def of_the_layers(making):
     work = making.work
     given = sorted(making.folder.glob("*.tar")) + sorted(making.folder.glob("*.csv"))
     hashes = work / "hashes.npz"
@@ -55,7 +55,7 @@ def _of_the_layers(making):
                    [making.layer_file(name)], lambda name=name: steps_head.teach(making, name))
 
 
-def _of_the_figures(making, compare):
+def of_the_figures(making, compare):
     everyone = list(steps_measure.measured(making, compare))
     done = [steps_measure.answers_done(making, one) for one in everyone]
     for one, file in zip(everyone, done):

@@ -33,15 +33,20 @@ def run(steps, say=print):
             say(f"{step.name}: done before")
             continue
         begun = time.monotonic()
-        for path in step.writes:
-            Path(path).parent.mkdir(parents=True, exist_ok=True)
+        _clear(step)
         try:
             told = step.work()
         except BaseException:
-            for path in step.writes:
-                Path(path).unlink(missing_ok=True)
+            _clear(step)
             raise
         missing = [str(path) for path in step.writes if not Path(path).exists()]
         if missing:
             raise RuntimeError(f"{step.name} did not leave {', '.join(missing)}")
         say(f"{step.name}: {told or 'done'} ({time.monotonic() - begun:.0f} s)")
+
+
+def _clear(step):
+    """Away with what the step is to write, with a folder for each file of it."""
+    for path in step.writes:
+        Path(path).parent.mkdir(parents=True, exist_ok=True)
+        Path(path).unlink(missing_ok=True)

@@ -96,6 +96,14 @@ class ALayer(unittest.TestCase):
         self.assertLess(moved(bound), moved(self.layer) / 2)
 
 
+    def test_begins_with_new_labels_where_their_pictures_lie(self):
+        first = head._grown(self.start, self.lessons, 4)
+        self.assertTrue((first.scores(self.means[D][:, 0])[:, D] > 0).all())
+        self.assertTrue((first.scores(self.means[A][:, 0])[:, D] < 0).all())
+        lengths = self.start.weight.norm(dim=1)
+        self.assertAlmostEqual(float(first.weight[D].norm()), float(lengths.median()), places=4)
+
+
 class Targets(unittest.TestCase):
     def setUp(self):
         self.start = Layer(torch.zeros(3, MEANS), torch.log(torch.tensor([0.5, 0.3, 0.2])))

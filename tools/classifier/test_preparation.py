@@ -56,9 +56,10 @@ class APhotograph(unittest.TestCase):
         self.assertEqual(prepared(self.path).max(), 0)
 
     def test_goes_in_as_planes(self):
-        planes = chw(square(Image.new("RGB", (10, 10), (1, 2, 3))))
-        self.assertEqual((planes.shape, planes.dtype), ((1, 3, SIDE, SIDE), np.float32))
-        self.assertEqual(planes[0, :, 5, 7].tolist(), [1, 2, 3])
+        pixels = np.arange(2 * 4 * 3, dtype=np.uint8).reshape(2, 4, 3)
+        planes = chw(pixels)
+        self.assertEqual((planes.shape, planes.dtype), ((1, 3, 2, 4), np.float32))
+        self.assertEqual(planes[0, :, 1, 2].tolist(), pixels[1, 2].tolist())
 
 
 class AView(unittest.TestCase):
