@@ -67,9 +67,10 @@ def sources(of, labels):
     return [(name, known & (source == name)) for name in sorted(set(source))]
 
 
-def sizes(of):
-    """Rows of a set with true boxes: by the bird's size."""
-    side = np.array(of.sides, float)
+def sizes(of, labels):
+    """Rows of a set with true boxes: the birds with a label by their size."""
+    known = np.isin(np.array([one or "" for one in of.labels]), labels)
+    side = np.where(known, np.array(of.sides, float), np.nan)
     return [(f"{round(100 * low)} to {round(100 * min(high, 1))} % of the side",
              (side >= low) & (side < high)) for low, high in SIZES]
 

@@ -75,7 +75,7 @@ def tell(making, everyone):
         if name.startswith("small"):
             lines += table(item, report.everything(item), known)
     lines += ["Real scenes by the true box (their sources taught the start):", ""]
-    lines += table(by_name["boxes"], report.sizes(by_name["boxes"]), known, with_place=[False])
+    lines += table(by_name["boxes"], report.sizes(by_name["boxes"], labels), known, with_place=[False])
     lines += ["## Birds without a label, and no birds", "",
               f"Shares that reach {report.level_names()}, in %.", ""]
     lines += table(birds, report.strangers(birds, labels), reached)
