@@ -15,8 +15,9 @@ from torch.nn import functional
 
 import finder_lessons
 import maps
-from graph import CELLS, LONGEST_LOGARITHM, cell_centres
+from graph import CELLS, LONGEST_LOGARITHM, OUTWARDS, SHARPNESS, cell_centres
 from network import MAP8, MAP16
+from teacher import side_of
 
 # Channels between the maps and the answer: about 39,000 numbers in all.
 WIDTH = 64
@@ -32,8 +33,14 @@ SCORE_WEIGHT = 4.0
 # The exponent by which cells that are right already count less.
 FOCUS = 1.5
 
+# A bird under this longer side is small; how many times an epoch a real picture of one teaches, and
+# one of a large bird.
+SMALL_SIDE = 0.65
+REAL_SMALL = 3.0
+LARGE = 0.5
+
 BATCH = 64
-EPOCHS = 6
+EPOCHS = 8
 PEAK_RATE = 3e-3
 SEED = 11
 
@@ -67,7 +74,7 @@ def loaded(path):
 
 
 _CENTRES = torch.tensor(cell_centres().reshape(CELLS, CELLS, 4), dtype=torch.float32)
-_OUTWARDS = torch.tensor([-1.0, -1.0, 1.0, 1.0]) / CELLS
+_OUTWARDS = torch.tensor(OUTWARDS, dtype=torch.float32)
 
 
 def decoded(answer):
@@ -77,18 +84,27 @@ def decoded(answer):
 
 
 def found(finder, map16, map8):
-    """The surest cell of each picture: boxes [n, 4] within 0 and 1, scores [n], as numpy."""
+    """The bird of each picture: boxes [n, 4] within 0 and 1, scores [n], as numpy."""
     boxes, scores = [], []
     with torch.no_grad():
         for start in range(0, len(map16), 256):
             part = slice(start, start + 256)
             score, box = decoded(finder(_tensor(map16[part]), _tensor(map8[part])))
             score, box = score.flatten(1), box.flatten(1, 2)
-            best = score.argmax(1)
-            rows = torch.arange(len(best))
-            boxes.append(box[rows, best].clamp(0, 1).numpy())
-            scores.append(score[rows, best].numpy())
+            scores.append(score.max(1).values.numpy())
+            boxes.append(_agreed(score, box).clamp(0, 1).numpy())
     return np.concatenate(boxes), np.concatenate(scores)
+
+
+def _agreed(score, box):
+    """Of cells' scores [n, cells] and boxes [n, cells, 4], the mean box of the cells that lie within
+    the box of the surest, as the graph takes it: [n, 4]."""
+    best, cell = score.max(1, keepdim=True)
+    own = box[torch.arange(len(box)), cell[:, 0]][:, None]
+    middles = _CENTRES.reshape(1, -1, 4)[..., :2]
+    inside = ((middles > own[..., :2]) & (middles < own[..., 2:])).all(dim=2)
+    weight = torch.exp((score - best) * SHARPNESS) * inside
+    return (weight[..., None] * box).sum(1) / weight.sum(1, keepdim=True)
 
 
 def _tensor(array):
@@ -139,8 +155,9 @@ def mirrored(map16, map8, boxes):
     return map16.flip(3), map8.flip(3), torch.stack([1 - right, top, 1 - left, bottom], 1)
 
 
-def train(map16, map8, boxes, epochs=EPOCHS, log=print):
-    """A finder taught on maps (arrays of float16) and boxes [n, 4], NaN where there is no bird."""
+def train(map16, map8, boxes, often, epochs=EPOCHS, log=print):
+    """A finder taught on maps (arrays of float16) and boxes [n, 4], NaN where there is no bird; it
+    meets each picture `often` [n] times in an epoch on average."""
     torch.manual_seed(SEED)
     torch.set_num_threads(1)
     finder = Finder()
@@ -148,14 +165,15 @@ def train(map16, map8, boxes, epochs=EPOCHS, log=print):
         finder.a.weight /= _deviation(map16)
         finder.b.weight /= _deviation(map8)
     boxes = torch.tensor(boxes, dtype=torch.float32)
-    batches = len(boxes) // BATCH
+    often = torch.tensor(often, dtype=torch.float32)
+    batches = int(often.sum()) // BATCH
     optimiser = torch.optim.AdamW(finder.parameters(), weight_decay=1e-4)
     schedule = torch.optim.lr_scheduler.OneCycleLR(optimiser, PEAK_RATE, epochs * batches)
     began = time.monotonic()
     for epoch in range(epochs):
-        order = torch.randperm(len(boxes))
+        drawn = torch.multinomial(often, batches * BATCH, replacement=True)
         total = 0.0
-        for batch in order[:batches * BATCH].reshape(batches, BATCH):
+        for batch in drawn.reshape(batches, BATCH):
             rows = np.sort(batch.numpy())
             given = _tensor(map16[rows]), _tensor(map8[rows]), boxes[rows]
             if torch.rand(1) < 0.5:
@@ -183,7 +201,17 @@ def run(pictures, sides, work):
     seen, made = maps.kept(work, "pictures"), maps.kept(work, "lessons")
     both = {name: np.concatenate([seen[name][rows], made[name]]) for name in ("map16", "map8")}
     taught = np.concatenate([boxes[rows], np.load(Path(work) / "lessons.npy")])
-    save(train(both["map16"], both["map8"], taught), Path(work) / "finder.npz")
+    is_real = np.arange(len(taught)) < len(rows)
+    finder = train(both["map16"], both["map8"], taught, how_often(taught, is_real))
+    save(finder, Path(work) / "finder.npz")
+
+
+def how_often(boxes, is_real):
+    """How many times an epoch each picture teaches, [n]: a real one of a small bird often, since
+    there are few; one that a bird fills seldom, real or a close look, since they are many."""
+    small = side_of(boxes) < SMALL_SIDE
+    empty = np.isnan(boxes[:, 0])
+    return np.select([empty, small & is_real, small], [1.0, REAL_SMALL, 1.0], LARGE)
 
 
 def save(finder, path):

@@ -29,6 +29,12 @@ from preparation import SIDE
 CELLS = 16
 LONGEST_LOGARITHM = 4.0
 
+# Left and top edges lie on the lower side of a cell's centre; in parts of the square.
+OUTWARDS = np.array([-1, -1, 1, 1]) / CELLS
+
+# A cell weighs e^(SHARPNESS x score) in the mean of boxes.
+SHARPNESS = 2.0
+
 # Of ai.onnx.ml, for the label's text.
 ML_OPSET = 2
 
@@ -120,15 +126,26 @@ def _cut(look, window):
 
 
 def _found(look, finder, map16, map8):
-    """The finder's surest cell: its score [1] and its box [4] within 0 and 1."""
-    features = _finder_features(look, finder, map16, map8)
-    cells = features.reshape(5, CELLS * CELLS)
-    best = look.call("ArgMax", cells.slice(0, 1).reshape(-1), axis=0, keepdims=1)
-    score, logarithms = cells.gather(best, axis=1).reshape(5).split(1, 4)
+    """The surest cell's score [1], and the bird's box [4] within 0 and 1.
+
+    The box is the mean of those of all cells that lie within the surest cell's own, weighed by their
+    scores: one cell alone may tell of a part of a large bird.
+    """
+    cells = _finder_features(look, finder, map16, map8).reshape(5, CELLS * CELLS)
+    scores = cells.slice(0, 1).reshape(-1)
+    logarithms = look.call("Transpose", cells.slice(1, 5), perm=[1, 0])
     distances = logarithms.clip(-LONGEST_LOGARITHM, LONGEST_LOGARITHM).exp()
-    centres = look.value(cell_centres()).gather(best).reshape(4)
-    outwards = np.array([-1, -1, 1, 1]) / CELLS
-    return score, (centres + distances * outwards).clip(0.0, 1.0)
+    boxes = distances * OUTWARDS + cell_centres()
+
+    best = look.call("ArgMax", scores, axis=0, keepdims=1)
+    score, own = scores.gather(best), boxes.gather(best)
+    middles = look.value(cell_centres()[:, :2])
+    inside = ((middles > own.slice(0, 2, axis=1)) & (middles < own.slice(2, 4, axis=1)))
+    inside = look.call("ReduceMin", look.call("Cast", inside, to=TensorProto.FLOAT), axes=[1],
+                       keepdims=0)
+    weights = ((scores - score) * SHARPNESS).exp() * inside
+    mean = weights.reshape(1, -1) @ boxes / weights.sum(axis=0, keepdims=1)
+    return score, mean.reshape(4).clip(0.0, 1.0)
 
 
 def cell_centres():
@@ -261,8 +278,11 @@ def _label(outer, labels):
 
 
 def _bird_box(outer, looks):
-    """The first look's box as centre, longer side and score: [1, 4]."""
-    left, top, right, bottom = looks.first["box"].split(1, 1, 1, 1)
-    parts = [(left + right) * 0.5, (top + bottom) * 0.5, _side(looks.first["box"]),
-             looks.first["seen"].sigmoid()]
+    """Where the last look saw the bird: centre x and y, longer side and score, [1, 4]."""
+    window = outer.call("Cast", looks.last["window"], to=TensorProto.FLOAT) * (1 / SIDE)
+    left, top, right, bottom = looks.last["box"].split(1, 1, 1, 1)
+    above, before, _, end = window.split(1, 1, 1, 1)
+    scale = end - before
+    parts = [before + (left + right) * 0.5 * scale, above + (top + bottom) * 0.5 * scale,
+             _side(looks.last["box"]) * scale, looks.last["seen"].sigmoid()]
     return outer.concat(parts).reshape(1, 4)

@@ -18,9 +18,10 @@ from network import MEANS
 from preparation import SIDE, chw
 from runtime import Session
 
-# A finder that answers these numbers everywhere: surest in the first cell, and a box of 2 cells each
-# way, so that its longer side is 2.5 / 16 at the corner.
+# A finder whose cells all answer the same, a box of 2 cells each way: the first is the surest, and
+# with its neighbours inside that box it tells of the 3x3 cells at the upper left.
 BOX_LOGARITHM = float(np.log(2))
+SEEN_SIDE = 3 / 16
 
 LABELS = tuple(f"Genus_species{number}" for number in range(6))
 
@@ -80,10 +81,16 @@ class TheWholeGraph(unittest.TestCase):
         self.assertEqual((self.folder / "labels.txt").read_text().split(), list(LABELS))
 
     def test_tells_where_the_bird_is(self):
-        _, box = self.answers(score=1.5)
-        side = 2.5 / 16
-        np.testing.assert_allclose(
-            box[0], [side / 2, side / 2, side, 1 / (1 + np.exp(-1.5))], atol=1e-5)
+        _, box = self.answers(score=1.5, small=0.0)
+        score = 1 / (1 + np.exp(-1.5))
+        np.testing.assert_allclose(box[0], [SEEN_SIDE / 2, SEEN_SIDE / 2, SEEN_SIDE, score],
+                                   atol=1e-5)
+
+    def test_tells_it_from_the_second_look_where_there_is_one(self):
+        _, box = self.answers(score=1.5, margin=1.5, least=1.0)
+        # The look at 1.5 x 72 pixels sees the bird in its own upper left corner.
+        side = SEEN_SIDE * 108 / SIDE
+        np.testing.assert_allclose(box[0, :3], [side / 2, side / 2, side], atol=1e-5)
 
     def test_looks_once_where_no_bird_is_seen_or_the_answer_is_sure_or_the_bird_large(self):
         once, _ = self.answers(score=1.0, small=0.0)
