@@ -20,7 +20,7 @@ def keep(model, sets, work):
 
 
 class Answered:
-    """One classifier's answers to one set, with its labels, and cut down to some of its pictures."""
+    """One classifier's answers to one set, with its labels; cut down to some of its pictures."""
 
     def __init__(self, answers, labels, of, regions):
         self.answers = answers

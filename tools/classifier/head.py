@@ -15,6 +15,7 @@ import numpy as np
 import torch
 from torch.nn import functional
 
+from made_up import made_up_means
 from network import MEANS
 
 # A score that no other comes near.
@@ -71,8 +72,8 @@ def layer_of(network):
 
 @dataclass(frozen=True)
 class Lessons:
-    """What teaches: `means` float16 [pictures, views, 1280]; `label` the index of the picture's label
-    or -1; `seen_by_start` whether the start was trained on it."""
+    """What teaches: `means` float16 [pictures, views, 1280]; `label` the index of the picture's
+    label or -1; `seen_by_start` whether the start was trained on it."""
 
     means: torch.Tensor
     label: torch.Tensor
@@ -85,13 +86,13 @@ class Lessons:
 
 
 def teach(start, start_temperature, lessons, labels, recipe=Recipe()):
-    """The layer for `labels` labels, the first of which are those of `start`, taught by `lessons`."""
+    """The layer for `labels` labels, those of `start` first, taught by `lessons`."""
     torch.manual_seed(recipe.seed)
     first = _grown(start, lessons, labels)
     targets = _targets(start, start_temperature, lessons, labels, recipe)
     weights = _weights(lessons, labels, recipe)
     lacking = np.setdiff1d(np.arange(len(start.bias)), lessons.label.numpy())
-    made_up = _made_up(start, start_temperature, lessons, lacking, recipe)
+    made_up = made_up_means(start, start_temperature, lessons, lacking, recipe.made_up)
     return _fitted(first, lessons, targets, weights, made_up, recipe)
 
 
@@ -141,35 +142,6 @@ def _weights(lessons, labels, recipe):
     weights[~with_label] = recipe.unknown_weight
     weights[lessons.seen_by_start] *= recipe.seen_weight
     return weights / weights.mean()
-
-
-# How far one step moves made-up means, of their length; how often at most; how sure of the label the
-# start shall be. The means come out of a ReLU6, so they lie within 0 and 6.
-STRIDE, STRIDES, SURE_ENOUGH = 0.06, 60, 0.6
-CANDIDATES = 40
-
-
-def _made_up(start, temperature, lessons, lacking, recipe):
-    """Means for the labels in `lacking`: (float32 [n, 1280], their labels [n])."""
-    real = lessons.means[:, 0].float()
-    scores = start.scores(real)
-    means, labels = [torch.empty(0, MEANS)], []
-    for label in lacking.tolist():
-        nearest = scores[:, label].topk(min(CANDIDATES, len(real))).indices
-        moved = real[nearest[torch.randperm(len(nearest))[:recipe.made_up]]].clone()
-        for _ in range(STRIDES):
-            answer = start.scores(moved)
-            unsure = (answer / temperature).softmax(1)[:, label] < SURE_ENOUGH
-            if not unsure.any():
-                break
-            answer[:, label] = -torch.inf
-            away = start.weight[label] - start.weight[answer.argmax(1)]
-            step = STRIDE * away / away.norm(dim=1, keepdim=True) * moved.norm(dim=1, keepdim=True)
-            moved[unsure] = (moved + step)[unsure].clamp(0, 6)
-        moved = moved[start.scores(moved).argmax(1) == label]
-        means.append(moved)
-        labels += [label] * len(moved)
-    return torch.cat(means), torch.tensor(labels, dtype=torch.int64)
 
 
 def _fitted(first, lessons, targets, weights, made_up, recipe):

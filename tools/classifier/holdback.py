@@ -6,9 +6,9 @@ taken from a picture that taught.
 * Birds of other species stand for the birds that the classifier does not know. They go by species
   alone, so that those held are strangers indeed.
 * Pictures without a bird go by their class at their source.
-* What shows nearly the same as a held picture, whichever source it comes from, does not train: their
-  hashes of 256 bits differ in at most NEAR bits. Nor does what says again, within SAME bits, what a
-  training picture of the same species says.
+* What shows nearly the same as a held picture, whichever source it comes from, does not train:
+  their hashes of 256 bits differ in at most NEAR bits. Nor does what says again, within SAME bits,
+  what a training picture of the same species says.
 """
 
 import csv
@@ -53,8 +53,8 @@ def candidate_species():
 
 
 def is_held(picture, with_labels):
-    """Whether the rule holds the picture back; `with_labels` are the scientific names of the species
-    beyond the start's labels that have or may get one."""
+    """Whether the rule holds the picture back; `with_labels` are the scientific names of the
+    species beyond the start's labels that have or may get one."""
     if not picture.is_bird:
         key = picture.group
     elif picture.label or picture.species in with_labels:

@@ -7,8 +7,8 @@
 A list of steps, each of which leaves files in the work folder (about 8 GB) and is skipped where
 these are newer than what they were made from: a making that was broken off goes on where it was.
 Everything is seeded; a second making answers the same. Two classifiers come about, alike but for
-their last layer: the proof, taught without what is held back, which the report measures; and the one
-to ship, whose last layer is taught on everything.
+their last layer: the proof, taught without what is held back, which the report measures; and the
+one to ship, whose last layer is taught on everything.
 
 It needs Debian's python3-torch, python3-onnx, python3-numpy and python3-pil, and the library that
 the target ornivo_runtime builds. One core is enough.

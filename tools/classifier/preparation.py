@@ -1,7 +1,7 @@
 """A photograph made ready for the classifier, as the program makes it ready.
 
-The program turns a photograph into sRGB, reduces it so that its longer side is at most 640, turns it
-upright, cuts the centre square and scales that to 384x384, with Lanczos throughout.
+The program turns a photograph into sRGB, reduces it so that its longer side is at most 640, turns
+it upright, cuts the centre square and scales that to 384x384, with Lanczos throughout.
 """
 
 import io
@@ -79,5 +79,5 @@ def prepared(path):
 
 
 def chw(pixels):
-    """Pixels [height, width, 3] as the classifier takes them: float32 [1, 3, height, width], 0-255."""
+    """Pixels [height, width, 3] as the classifier takes them: float32 [1, 3, height, width]."""
     return np.ascontiguousarray(pixels.transpose(2, 0, 1)[None], dtype=np.float32)

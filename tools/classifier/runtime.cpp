@@ -1,5 +1,6 @@
-// A door from Python to ONNX Runtime: plain functions for ctypes, as runtime.py calls them. What can
-// fail answers null and leaves its reason in the caller's buffer; nothing is ever thrown across.
+// A door from Python to ONNX Runtime: plain functions for ctypes, as runtime.py calls them. What
+// can fail answers null and leaves its reason in the caller's buffer; nothing is ever thrown
+// across.
 #include <onnxruntime_c_api.h>
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 """The sample photographs: full scenes that no training saw, as people take them.
 
-They are measured as they are, and laid small into scenes of another place: then the bird is as small
-as it is without a long lens.
+They are measured as they are, and laid small into scenes of another place: then the bird is as
+small as it is without a long lens.
 """
 
 import csv

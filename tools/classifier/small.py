@@ -15,12 +15,13 @@ LARGEST = 640
 
 
 class Grounds:
-    """Grounds of held-back pictures only: things, landscapes, bird-free parts, foliage, water, sky."""
+    """Grounds that no training saw: things, landscapes, parts without a bird, drawn ones."""
 
     def __init__(self, pictures, sides):
         held = [picture for picture, side in zip(pictures, sides) if side == HELD]
         self._others = [prepared(picture.path) for picture in held if not picture.is_bird]
-        self._birds = [(prepared(picture.path), true_box(picture)) for picture in held if picture.box]
+        self._birds = [(prepared(picture.path), true_box(picture))
+                       for picture in held if picture.box]
 
     def draw(self, chance):
         return ground(chance, self._others, self._birds)

@@ -1,10 +1,10 @@
-"""The steps from the pictures to the graph: the teacher's boxes, the finder, and all that is settled
-around it."""
+"""The steps from the pictures to the graph: the teacher, the finder, and what is settled around."""
+
+import numpy as np
 
 import finder
 import finder_lessons
 import maps
-import numpy as np
 import teacher
 from steps import Step
 

@@ -1,14 +1,19 @@
-"""The steps that measure: what each classifier answers to the pictures held back, and the report."""
+"""The steps that measure: what each classifier answers to what is held back, and the report."""
 
 import json
 from functools import lru_cache
 
-import answers
+import numpy as np
 import onnx
+
+import answers
 import report
 import sets
 from answers import Answered
 from measure import Model
+
+
+CELLS = "Right in first place / called at 0.5375 / right of the called, in %."
 
 
 class Measured:
@@ -50,62 +55,94 @@ def ask(making, one):
 
 def tell(making, everyone):
     """Writes the report."""
-    by_name = {item.name: item for item in _all_sets(making)}
     columns = {one.name: one for one in everyone}
-    start_labels, labels = columns["start"].labels, columns["proof"].labels
-
-    def table(of, rows, make, with_place=(False, True)):
-        answered = {name: Answered.kept(making.work, name, one.labels, of, making.regions)
-                    for name, one in columns.items() if _kind(of) in one.on}
-        for placed in with_place:
-            yield from make("with place" if placed else "without place", rows, answered, placed)
-
-    birds = by_name["birds"]
-    known, reached = report.known_birds, report.reached
-    lines = ["# The classifier in figures", "", *_pictures(making), *_labels(making, labels)]
-    lines += ["## Birds held back", "", CELLS, ""]
-    lines += table(birds, report.kinds(birds, start_labels, labels), known)
-    lines += ["By part of the world, without the start's own sources:", ""]
-    lines += table(birds, report.regions(birds, labels), known)
-    lines += ["By source:", ""]
-    lines += table(birds, report.sources(birds, labels), known, with_place=[False])
-    lines += ["## By the bird's size", "", "Birds held back, laid into scenes 1.5, 2.5 and 4 times "
-              "as wide:", ""]
-    for name, item in by_name.items():
-        if name.startswith("small"):
-            lines += table(item, report.everything(item), known)
-    lines += ["Real scenes by the true box (their sources taught the start):", ""]
-    lines += table(by_name["boxes"], report.sizes(by_name["boxes"], labels), known, with_place=[False])
-    lines += ["## Birds without a label, and no birds", "",
-              f"Shares that reach {report.level_names()}, in %.", ""]
-    lines += table(birds, report.strangers(birds, labels), reached)
-    lines += table(by_name["no birds"], report.everything(by_name["no birds"]), reached, [False])
-    lines += ["## The sample photographs", "", "All 96 count, those without a label as wrong.", ""]
-    for name in ("samples", "samples small"):
-        lines += table(by_name[name], report.everything(by_name[name]), known)
+    labels = columns["proof"].labels
+    tables = _Tables(making, columns)
+    lines = ["# The classifier in figures", "", *_pictures(making), *_labels(making, labels),
+             *_held(tables, columns["start"].labels, labels), *_by_size(tables, labels),
+             *_strangers(tables, labels), *_samples(tables)]
     (making.out / "report.md").write_text("\n".join(lines), encoding="utf-8")
 
 
-CELLS = "Right in first place / called at 0.5375 / right of the called, in %."
+class _Tables:
+    """Tables of the figures of all classifiers that were asked, over rows of one set."""
+
+    BOTH = (False, True)
+
+    def __init__(self, making, columns):
+        self.sets = {item.name: item for item in _all_sets(making)}
+        self._making, self._columns = making, columns
+
+    def known(self, name, rows, with_place=BOTH):
+        return self._of(report.known_birds, name, rows, with_place)
+
+    def reached(self, name, rows, with_place=BOTH):
+        return self._of(report.reached, name, rows, with_place)
+
+    def _of(self, table, name, rows, with_place):
+        item = self.sets[name]
+        answered = {
+            column: Answered.kept(self._making.work, column, one.labels, item, self._making.regions)
+            for column, one in self._columns.items() if _kind(item) in one.on}
+        titles = {False: "without place", True: "with place"}
+        return [line for placed in with_place
+                for line in table(titles[placed], rows, answered, placed)]
+
+
+def _held(tables, start_labels, labels):
+    birds = tables.sets["birds"]
+    return ["## Birds held back", "", CELLS, "",
+            *tables.known("birds", report.kinds(birds, start_labels, labels)),
+            "By part of the world, without the start's own sources:", "",
+            *tables.known("birds", report.regions(birds, labels)),
+            "By source:", "",
+            *tables.known("birds", report.sources(birds, labels), with_place=[False])]
+
+
+def _by_size(tables, labels):
+    lines = ["## By the bird's size", "", "Birds held back, laid into scenes of other pictures, "
+             "foliage, water or sky that are 1.5, 2.5 and 4 times as wide:", ""]
+    for name, item in tables.sets.items():
+        if name.startswith("small"):
+            lines += tables.known(name, report.everything(item))
+    boxes = tables.sets["boxes"]
+    return [*lines, "Real scenes by the true box (their sources taught the start):", "",
+            *tables.known("boxes", report.sizes(boxes, labels), with_place=[False])]
+
+
+def _strangers(tables, labels):
+    return ["## Birds without a label, and no birds", "",
+            f"Shares that reach {report.level_names()}, in %.", "",
+            *tables.reached("birds", report.strangers(tables.sets["birds"], labels)),
+            *tables.reached("no birds", report.everything(tables.sets["no birds"]), [False])]
+
+
+def _samples(tables):
+    lines = ["## The sample photographs", "", "All count, those without a label as wrong; the small "
+             "ones lie in a foreign scene four times as wide.", ""]
+    for name in ("samples", "samples small"):
+        lines += tables.known(name, report.everything(tables.sets[name]))
+    return lines
 
 
 def _pictures(making):
-    taught = {side: sum(making.sides == side) for side in sorted(set(making.sides))}
-    told = ", ".join(f"{count} {side}" for side, count in taught.items())
-    return [f"{len(making.pictures)} pictures: {told}. The column \"proof\" was taught without what "
-            "is held back; the last layer of \"final\", which ships, on everything.", ""]
+    sides, counts = np.unique(making.sides.astype(str), return_counts=True)
+    told = ", ".join(f"{count} {side}" for side, count in zip(sides, counts))
+    return [f"{len(making.pictures)} pictures: {told}. The column \"proof\" was taught without "
+            "what is held back; the last layer of \"final\", which ships, on everything.", ""]
 
 
 def _labels(making, labels):
     trials = json.loads((making.work / "trials.json").read_text(encoding="utf-8"))
     lines = [f"{len(labels)} labels. Those considered, with the share of their pictures named "
-             "rightly in two rounds of folds:", "", "| species | pictures | right | looks like | "
-             "that one right | label |", "|---|---|---|---|---|---|"]
+             "rightly in two rounds of folds:", "",
+             "| species | pictures | right | looks like | that one right | label |",
+             "|---|---|---|---|---|---|"]
     for one in trials:
-        own, twin = (" / ".join(f"{100 * share:.0f} %" for share in one[key])
-                     for key in ("right", "twin_right"))
-        lines.append(f"| {one['species']} | {one['pictures']} | {own} | {one['looks_like']} | {twin} "
-                     f"| {'yes' if one['earned'] else 'no'} |")
+        right, twin_right = (" / ".join(f"{100 * share:.0f} %" for share in one[key])
+                             for key in ("right", "twin_right"))
+        lines.append(f"| {one['species']} | {one['pictures']} | {right} | {one['looks_like']} "
+                     f"| {twin_right} | {'yes' if one['earned'] else 'no'} |")
     return lines + [""]
 
 

@@ -65,8 +65,8 @@ def noise(size, seed):
 def save_pictures(folder, birds=(), nonbirds=(), boxes=()):
     """Writes a folder of pictures as pictures.load reads it, with common names beside it.
 
-    `birds` are (file, species, known, source), `nonbirds` (file, source, path there), `boxes` (file,
-    English name); the extras stay empty. Each picture is noise of 120x90.
+    `birds` are (file, species, known, source), `nonbirds` (file, source, path there), `boxes`
+    (file, English name); the extras stay empty. Each picture is noise of 120x90.
     """
     folder = Path(folder)
     bird_columns = "file,species,label,known,source,licence,note"
