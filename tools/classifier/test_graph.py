@@ -26,6 +26,15 @@ SEEN_SIDE = 3 / 16
 LABELS = tuple(f"Genus_species{number}" for number in range(6))
 
 
+def untaught_finder():
+    """Sees a bird wherever its chance weights like it best."""
+    torch.manual_seed(6)
+    finder = finding.Finder()
+    with torch.no_grad():
+        finder.o.bias[0] = 2.0
+    return {name: value.numpy() for name, value in finder.state_dict().items()}
+
+
 def constant_finder(score):
     weights = {name: value.numpy() * 0 for name, value in finding.Finder().state_dict().items()}
     weights["o.bias"] = np.array([score] + [BOX_LOGARITHM] * 4, np.float32)
@@ -51,19 +60,22 @@ class TheWholeGraph(unittest.TestCase):
         cls.square = np.asarray(tiny_start.noise((SIDE, SIDE), 4))
         cls.maps = maps.open_maps(cls.network, cls.folder)
 
-    def answers(self, score=1.0, twins=None, **changes):
+    def answers(self, score=1.0, twins=None, finder=None, **changes):
         path = self.folder / "model.onnx"
         self.settings = some_settings(**changes)
-        self.finder = constant_finder(score)
+        self.finder = finder or constant_finder(score)
         graph.save(self.network, self.finder, self.settings, twins, path, "3")
         session = Session(path)
         shares, _, box = session.run(chw(self.square))
         return shares, box
 
-    def scores(self, window):
-        top, left, bottom, right = window
-        answers = self.maps.run(chw(self.square[top:bottom, left:right]), ["means"])
-        return answers[0] @ self.network.weight.T + self.network.bias
+    def both_looks(self):
+        """What looks.py makes of the same picture, finder and settings."""
+        known = {name: answer.astype(np.float32) for name, answer in zip(
+            maps.SHAPES, self.maps.run(chw(self.square), list(maps.SHAPES)))}
+        finder = finding.Finder()
+        finder.load_state_dict({name: torch.tensor(value) for name, value in self.finder.items()})
+        return looks.taken(self.maps, finder.eval(), self.square[None], known, self.settings)
 
     def test_keeps_its_contract(self):
         shares, box = self.answers()
@@ -92,6 +104,17 @@ class TheWholeGraph(unittest.TestCase):
         side = SEEN_SIDE * 108 / SIDE
         np.testing.assert_allclose(box[0, :3], [side / 2, side / 2, side], atol=1e-5)
 
+    def test_tells_it_in_parts_of_the_whole_picture(self):
+        _, box = self.answers(finder=untaught_finder(), small=1.1)
+        both = self.both_looks()
+        self.assertTrue(both.has_second[0])
+        top, left, bottom, _ = looks.window(both.box[0], self.settings.margin, self.settings.least)
+        self.assertGreater(top * left, 0)
+        own_left, own_top, own_right, own_bottom = both.second_box[0] * (bottom - top)
+        expected = [left + (own_left + own_right) / 2, top + (own_top + own_bottom) / 2,
+                    max(own_right - own_left, own_bottom - own_top)]
+        np.testing.assert_allclose(box[0, :3] * SIDE, expected, atol=0.05)
+
     def test_looks_once_where_no_bird_is_seen_or_the_answer_is_sure_or_the_bird_large(self):
         once, _ = self.answers(score=1.0, small=0.0)
         twice, _ = self.answers(score=1.0)
@@ -105,12 +128,7 @@ class TheWholeGraph(unittest.TestCase):
         neighbours = (np.array([[0, 1]] + [[row, row] for row in range(1, 6)]),
                       np.array([[0.8, 0.2]] + [[1.0, 0.0]] * 5, np.float32))
         shares, _ = self.answers(twins=neighbours)
-        known = {name: answer.astype(np.float32) for name, answer in zip(
-            maps.SHAPES, self.maps.run(chw(self.square), list(maps.SHAPES)))}
-        finder = finding.Finder()
-        finder.load_state_dict({name: torch.tensor(value)
-                                for name, value in self.finder.items()})
-        both = looks.taken(self.maps, finder.eval(), self.square[None], known, self.settings)
+        both = self.both_looks()
         self.assertTrue(both.has_second[0])
         expected = looks.answers(both, self.network.weight, self.network.bias, self.settings,
                                  neighbours)
