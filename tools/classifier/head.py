@@ -32,7 +32,7 @@ class Recipe:
     start_share_new: float = 0.05
 
     # The temperature of the start's answer for birds without a label.
-    unknown_temperature: float = 1.6
+    unknown_temperature: float = 2.0
 
     # A picture that the start was trained on counts this much of another, one of a bird without a
     # label this much of a label's only picture; n pictures of a label count 1/n^`balance` each.

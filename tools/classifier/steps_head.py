@@ -58,10 +58,12 @@ def teach(making, name):
 
 
 def _teaching(making, everything):
-    """The rows of the birds that teach. What repeats a held picture never does."""
-    is_bird = np.array([picture.set in ("scenes", "extras") for picture in making.pictures])
+    """The rows of the birds that teach. What repeats a held picture never does, nor does a bird with
+    a box whose English name says nothing to us: it may well have a label."""
+    has_name = np.array([picture.is_bird and (picture.set != "boxes" or picture.label is not None)
+                         for picture in making.pictures])
     sides = (holdback.TRAIN, holdback.HELD) if everything else (holdback.TRAIN,)
-    return np.where(is_bird & np.isin(making.sides, sides))[0]
+    return np.where(has_name & np.isin(making.sides, sides))[0]
 
 
 def _factors(making, chosen, names):

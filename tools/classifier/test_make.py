@@ -36,7 +36,8 @@ class AMaking(unittest.TestCase):
         tiny_start.save_pictures(
             given, birds=[*birds, ("s.jpg", "Strix nova", False, "source/s")],
             nonbirds=[(f"n{number}.jpg", "bsds", f"{number}.jpg") for number in range(30)],
-            boxes=[(f"b{number}.jpg", f"Bird {number}") for number in range(12)])
+            boxes=[("b.jpg", "Great Tit"),
+                   *((f"b{number}.jpg", f"Bird {number}") for number in range(12))])
         tiny_start.save(given / "model.onnx")
         (given / "regions.json").write_text(json.dumps(REGIONS))
         tiny_start.noise((300, 200), 9).save(given / "photos" / "p.jpg")
@@ -63,7 +64,7 @@ class AMaking(unittest.TestCase):
         pictures = load(self.making.folder, self.making.work,
                         self.making.folder / "bird_common_names.json")
         beyond = {one.species for one in candidates()}
-        birds = [one for one in pictures if one.set == "scenes"]
+        birds = [one for one in pictures if one.set == "scenes" or one.label and one.box]
         training = [one for one in birds if not is_held(one, beyond)]
         self.assertLess(len(training), len(birds))
         self.assertIn(f"last layer of the proof: {len(training)} pictures", " ".join(self.said))
