@@ -6,6 +6,7 @@ import torch
 
 import head
 from head import Layer, Lessons, Recipe
+from made_up import made_up_means
 from network import MEANS
 
 # The start knows A, B and C; D is new to it.
@@ -102,6 +103,29 @@ class ALayer(unittest.TestCase):
         self.assertTrue((first.scores(self.means[A][:, 0])[:, D] < 0).all())
         lengths = self.start.weight.norm(dim=1)
         self.assertAlmostEqual(float(first.weight[D].norm()), float(lengths.median()), places=4)
+
+
+class MadeUpMeans(unittest.TestCase):
+    def setUp(self):
+        chance = np.random.default_rng(1)
+        rows = np.zeros((3, MEANS), np.float32)
+        for label in (A, B):
+            rows[label, 100 * label:100 * label + 100] = 0.05
+        # No picture can make the start call C.
+        self.start = Layer(torch.tensor(rows), torch.tensor([0.0, 0.0, -1000.0]))
+        self.lessons = Lessons(torch.tensor(means_of(A, 10, chance)).half(),
+                               torch.tensor([A] * 10), torch.zeros(10).bool())
+
+    def test_are_such_as_the_start_takes_for_the_label(self):
+        means, labels = made_up_means(self.start, 1.0, self.lessons, np.array([B]), 6)
+        self.assertEqual(labels.tolist(), [B] * 6)
+        self.assertEqual(self.start.scores(means).argmax(1).tolist(), [B] * 6)
+        self.assertGreaterEqual(float(means.min()), 0)
+        self.assertLessEqual(float(means.max()), 6)
+
+    def test_are_none_for_a_label_that_the_start_never_calls(self):
+        means, labels = made_up_means(self.start, 1.0, self.lessons, np.array([C]), 6)
+        self.assertEqual((len(means), len(labels)), (0, 0))
 
 
 class Targets(unittest.TestCase):

@@ -82,6 +82,9 @@ class AMaking(unittest.TestCase):
             shutil.copy(making.start_model, making.model_file(name))
         steps.run(make.of_the_figures(making, compare=None), self.said.append)
         lines = (making.out / "report.md").read_text().splitlines()
+        asked = {path.name for path in (making.work / "answers").glob("*.npy")}
+        self.assertIn("proof birds.npy", asked)
+        self.assertNotIn("final birds.npy", asked)
         held = sum(making.sides == "held")
         self.assertTrue(any(f"{held} held" in line for line in lines))
         self.assertIn("| without place | n | start | proof |", lines)
