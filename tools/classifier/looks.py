@@ -11,6 +11,7 @@ import maps
 from gate import Gate, evidence_of
 from network import MAP8, MAP16, MEANS
 from preparation import SIDE, chw
+from settings import Settings
 from teacher import side_of
 
 # Wherever the finder sees a bird of up to this side, the second look is kept, so that the settings
@@ -71,6 +72,14 @@ def taken(session, finder, squares, known, settings):
                  second_seen)
 
 
+def run(session, finder_file, work):
+    """Writes work/looks.npz: both looks at all pictures, in their order; `session` runs
+    maps.open_maps."""
+    finder = finding.loaded(finder_file)
+    known = maps.kept(work, "pictures")
+    save(taken(session, finder, maps.squares(work), known, Settings()), Path(work) / "looks.npz")
+
+
 def save(looks, path):
     np.savez(Path(path), **{field.name: getattr(looks, field.name) for field in fields(looks)})
 
@@ -95,9 +104,14 @@ def looks_twice(looks, first, settings):
 def answers(looks, weight, bias, settings, twins=None):
     """The graph's probabilities [n, labels] with the last layer `weight` [labels, 1280], `bias`
     [labels]."""
-    first = looks.means @ weight.T + bias
+    return from_scores(looks, looks.means @ weight.T + bias, looks.second_means @ weight.T + bias,
+                       settings, twins)
+
+
+def from_scores(looks, first, second, settings, twins=None):
+    """The same with the scores [n, labels] of both looks at hand."""
     twice = looks_twice(looks, first, settings)
-    second = np.where(twice[:, None], looks.second_means @ weight.T + bias, first)
+    second = np.where(twice[:, None], second, first)
     share = second_share(looks, twice, settings)[:, None]
     mixed = first * (1 - share) + second * share
     temperature = np.where(twice, settings.temperature_two, settings.temperature)
