@@ -30,22 +30,26 @@ class TheWindow(unittest.TestCase):
         self.assertEqual(looks.window([0, 0, 1, 1], 1.15, 72).tolist(), [0, 0, 384, 384])
 
 
+# Of scores of 3 and 0, where one look alone counts.
+SURE = 1 / (1 + np.exp(-3))
+
+
 class TheAnswers(unittest.TestCase):
     def answers(self, side, **changes):
         first, second = np.array([[3.0, 0.0]]), np.array([[0.0, 3.0]])
         return looks.from_scores(seen(side), first, second, replace(SETTINGS, **changes))[0]
 
     def test_are_the_second_looks_where_the_bird_is_small(self):
-        self.assertGreater(self.answers(0.2)[1], 0.9)
+        self.assertAlmostEqual(self.answers(0.2)[1], SURE, places=6)
 
     def test_are_the_first_looks_where_it_is_large(self):
-        self.assertGreater(self.answers(0.71)[0], 0.9)
+        self.assertAlmostEqual(self.answers(0.71)[0], SURE, places=6)
 
     def test_are_between_where_it_is_neither(self):
         self.assertAlmostEqual(self.answers(0.525)[0], 0.5, places=5)
 
     def test_are_the_first_looks_where_that_is_sure(self):
-        self.assertGreater(self.answers(0.2, sure=0.9)[0], 0.9)
+        self.assertAlmostEqual(self.answers(0.2, sure=0.9)[0], SURE, places=6)
 
     def test_of_no_bird_are_nobodys(self):
         shares = self.answers(0.2, gate_constant=-20.0, nobody=[0, 1])
