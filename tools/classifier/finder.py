@@ -15,8 +15,8 @@ from torch.nn import functional
 
 import finder_lessons
 import maps
-from graph import CELLS, LONGEST_LOGARITHM, OUTWARDS, SHARPNESS, cell_centres
 from network import MAP8, MAP16
+from one_look import CELLS, LONGEST_LOGARITHM, OUTWARDS, SURENESS, cell_centres
 from teacher import side_of
 
 # Channels between the maps and the answer: about 39,000 numbers in all.
@@ -103,7 +103,7 @@ def _agreed(score, box):
     own = box[torch.arange(len(box)), cell[:, 0]][:, None]
     middles = _CENTRES.reshape(1, -1, 4)[..., :2]
     inside = ((middles > own[..., :2]) & (middles < own[..., 2:])).all(dim=2)
-    weight = torch.exp((score - best) * SHARPNESS) * inside
+    weight = torch.exp((score - best) * SURENESS) * inside
     return (weight[..., None] * box).sum(1) / weight.sum(1, keepdim=True)
 
 

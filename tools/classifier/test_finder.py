@@ -7,8 +7,8 @@ import torch
 
 import finder as finding
 from finder_lessons import count, compositions
-from graph import CELLS
 from network import MAP8, MAP16
+from one_look import CELLS
 from preparation import SIDE
 
 
