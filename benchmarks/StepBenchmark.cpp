@@ -2,11 +2,14 @@
 
 #include <benchmark/benchmark.h>
 
+#include <vector>
+
 #include "benchmarks/Photographs.h"
 #include "identification/BirdIdentifier.h"
 #include "identification/NoSpeciesPrior.h"
 #include "media/ImageDecoder.h"
 #include "platform/BitmapTransforms.h"
+#include "support/SamplePhotographs.h"
 
 namespace ornivo::benchmarks {
 namespace {
@@ -38,15 +41,60 @@ void decodeStillAtFullSize(benchmark::State& state) {
 }
 BENCHMARK(decodeStillAtFullSize)->Unit(benchmark::kMillisecond)->UseRealTime();
 
-void classifyImage(benchmark::State& state) {
+/// What the classifier is shown: photographs decoded for it, all upright.
+using Pictures = std::vector<Bitmap>;
+
+/// The sample photographs; a made picture without a bird where they are not beside the checkout.
+const Pictures& samples() {
+    static const Pictures pictures = [] {
+        Pictures result;
+        testing::eachSamplePhotograph([&](const testing::SamplePhotograph& sample) {
+            result.push_back(upright(sample.picture, sample.orientation));
+        });
+        if (result.empty()) {
+            result.push_back(ImageDecoder::decode(photograph(), classifierSide, false)->image);
+        }
+        return result;
+    }();
+    return pictures;
+}
+
+/// The samples at a quarter of their size in the middle of one another, so that most birds are too
+/// small for one look.
+const Pictures& smallBirds() {
+    static const Pictures pictures = [] {
+        const Pictures& all = samples();
+        constexpr int margin = (testing::sceneSide - testing::smallSide) / 2;
+        constexpr testing::Corner middle{margin, margin};
+        Pictures result;
+        for (std::size_t i = 0; i < all.size(); ++i) {
+            result.push_back(testing::laidSmall(all[i], all[(i + 1) % all.size()], middle));
+        }
+        return result;
+    }();
+    return pictures;
+}
+
+/// The mean over the pictures: each is classified in turn, until all have been as often.
+void classify(benchmark::State& state, const Pictures& pictures) {
     BirdIdentifier identifier({}, std::make_shared<NoSpeciesPrior>(), std::nullopt);
-    const auto decoded = ImageDecoder::decode(photograph(), classifierSide, false);
     for (auto _ : state) {
-        benchmark::DoNotOptimize(identifier.identify(decoded->image));
+        for (const Bitmap& picture : pictures) {
+            benchmark::DoNotOptimize(identifier.identify(picture));
+        }
     }
-    state.SetItemsProcessed(state.iterations());
+    state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(pictures.size()));
+}
+
+void classifyImage(benchmark::State& state) {
+    classify(state, samples());
 }
 BENCHMARK(classifyImage)->Unit(benchmark::kMillisecond)->UseRealTime()->Threads(1)->ThreadPerCpu();
+
+void classifySmallBird(benchmark::State& state) {
+    classify(state, smallBirds());
+}
+BENCHMARK(classifySmallBird)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 }  // namespace
 }  // namespace ornivo::benchmarks

@@ -43,26 +43,26 @@ IdentifiedSpecies ExplainingIdentifier::identify(const Bitmap& image, std::uint3
     if (range_) candidates = range_->adjusted(std::move(candidates), context);
     if (season_) candidates = season_->adjusted(std::move(candidates), context);
     candidates.resize(std::min(candidates.size(), static_cast<std::size_t>(policy().topK)));
-    const IdentifiedSpecies answer{candidates.front(), candidates};
+    const IdentifiedSpecies answer{candidates.front(), candidates, classified.birdBox};
     explain(classified, answer, context);
     return answer;
 }
 
-std::vector<ExplainedCandidate> ExplainingIdentifier::takeExplanation() {
+Explanation ExplainingIdentifier::takeExplanation() {
     return std::exchange(explanation_, {});
 }
 
 void ExplainingIdentifier::explain(const IdentifiedSpecies& classified,
                                    const IdentifiedSpecies& answer,
                                    const IdentificationContext& context) {
-    const bool isSurer =
-        explanation_.empty() || answer.confidence() > explanation_.front().confidence;
+    const bool isSurer = explanation_.candidates.empty() ||
+                         answer.confidence() > explanation_.candidates.front().confidence;
     if (!isSurer) return;
-    explanation_.clear();
+    explanation_ = {{}, answer.birdBox};
     for (const Candidate& candidate : answer.topK) {
         const auto share =
             std::ranges::find(classified.topK, candidate.label, &Candidate::label)->confidence;
-        explanation_.push_back(
+        explanation_.candidates.push_back(
             {candidate.label, share, range_ ? range_->factor(candidate.label, context) : 1,
              season_ ? season_->factor(candidate.label, context) : 1, candidate.confidence});
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -22,6 +23,14 @@ struct ExplainedCandidate {
     double confidence = 0;
 };
 
+/// Why an answer is as it is.
+struct Explanation {
+    /// Empty when nothing was identified.
+    std::vector<ExplainedCandidate> candidates;
+    /// Where the classifier saw the bird, if it tells.
+    std::optional<SubjectBox> birdBox;
+};
+
 /// Answers as the bundled identifier does, and remembers why. For one caller at a time.
 class ExplainingIdentifier : public BirdIdentifying {
 public:
@@ -38,7 +47,7 @@ public:
                                const IdentificationContext& context) override;
 
     /// The reasons for the surest answer since the last call of this.
-    std::vector<ExplainedCandidate> takeExplanation();
+    Explanation takeExplanation();
 
 private:
     void explain(const IdentifiedSpecies& classified, const IdentifiedSpecies& answer,
@@ -49,7 +58,7 @@ private:
     /// Null where there is no such table.
     std::shared_ptr<const RangeListPrior> range_;
     std::shared_ptr<const SeasonPrior> season_;
-    std::vector<ExplainedCandidate> explanation_;
+    Explanation explanation_;
 };
 
 }  // namespace ornivo::cli

@@ -33,7 +33,6 @@ const std::vector<Example> examples{
 
 /// The species in a file, or why they can't be told.
 using Answer = AnswerOrReason<IdentifiedSpecies>;
-using Explanation = std::vector<ExplainedCandidate>;
 
 Answer identify(SortEngine& engine, const std::filesystem::path& file,
                 const std::optional<PhotoLocation>& location) {
@@ -58,6 +57,13 @@ std::string reasonWords(const ExplainedCandidate& candidate) {
            shortestText(candidate.seasonFactor);
 }
 
+/// Where the bird is in the square that the classifier looked at.
+std::string boxWords(const SubjectBox& box) {
+    return "  bird seen with " + percentage(box.score) + ": " + percentage(box.side) +
+           " of the square's side, its centre " + percentage(box.centreX) + " from the left and " +
+           percentage(box.centreY) + " from the top";
+}
+
 void printWords(Console& console, const std::string& file, const IdentifiedSpecies& species) {
     console.line(printable(file));
     for (const auto& candidate : species.topK) {
@@ -67,15 +73,16 @@ void printWords(Console& console, const std::string& file, const IdentifiedSpeci
 
 void printWords(Console& console, const std::string& file, const Explanation& explanation) {
     console.line(printable(file));
-    for (const auto& candidate : explanation) {
+    for (const auto& candidate : explanation.candidates) {
         console.line(candidateWords(candidate.label, candidate.confidence) +
                      reasonWords(candidate));
     }
+    if (explanation.birdBox) console.line(boxWords(*explanation.birdBox));
 }
 
 void printJson(Console& console, const std::string& file, const Explanation& explanation) {
     Json candidates = Json::array();
-    for (const auto& candidate : explanation) {
+    for (const auto& candidate : explanation.candidates) {
         candidates.push_back({{"commonName", BirdClassifierLabels::displayName(candidate.label)},
                               {"scientificName", replacing(candidate.label, '_', ' ')},
                               {"label", candidate.label},
@@ -84,7 +91,14 @@ void printJson(Console& console, const std::string& file, const Explanation& exp
                               {"seasonFactor", candidate.seasonFactor},
                               {"confidence", candidate.confidence}});
     }
-    console.write(jsonLine({{"path", file}, {"candidates", candidates}}));
+    Json line{{"path", file}, {"candidates", candidates}};
+    if (const auto& box = explanation.birdBox) {
+        line["birdBox"] = {{"centreX", box->centreX},
+                           {"centreY", box->centreY},
+                           {"side", box->side},
+                           {"score", box->score}};
+    }
+    console.write(jsonLine(line));
 }
 
 void printJson(Console& console, const std::string& file, const IdentifiedSpecies& species) {

@@ -57,6 +57,15 @@ void checkLabels(const ImageClassifier& classifier) {
         ". In lookup only: " + firstMissing(lookup, model) + ".");
 }
 
+SpeciesPrior::Candidates candidatesFrom(std::vector<Observation> observations) {
+    SpeciesPrior::Candidates candidates;
+    candidates.reserve(observations.size());
+    for (Observation& observation : observations) {
+        candidates.push_back({std::move(observation.identifier), observation.confidence});
+    }
+    return candidates;
+}
+
 }  // namespace
 
 BirdIdentifier::BirdIdentifier(ConfidencePolicy policy, std::shared_ptr<const SpeciesPrior> prior,
@@ -77,7 +86,9 @@ IdentifiedSpecies BirdIdentifier::identify(const Bitmap& image, std::uint32_t or
 IdentifiedSpecies BirdIdentifier::identify(const Bitmap& image, std::uint32_t orientation,
                                            const IdentificationContext& context) {
     requireIdentifiableSize(image);
-    SpeciesPrior::Candidates candidates = prior_->adjusted(classify(image, orientation), context);
+    ImageClassification seen = classify(image, orientation);
+    SpeciesPrior::Candidates candidates =
+        prior_->adjusted(candidatesFrom(std::move(seen.observations)), context);
     if (candidates.empty()) {
         throw BirdIdentifierError::identificationFailed(
             "The species prior returned no candidates.");
@@ -85,26 +96,21 @@ IdentifiedSpecies BirdIdentifier::identify(const Bitmap& image, std::uint32_t or
     std::ranges::stable_sort(candidates, std::greater(), &Candidate::confidence);
     const auto kept = static_cast<std::size_t>(std::max(1, policy_.topK));
     candidates.resize(std::min(candidates.size(), kept));
-    return {candidates.front(), std::move(candidates)};
+    return {candidates.front(), std::move(candidates), seen.subject};
 }
 
-SpeciesPrior::Candidates BirdIdentifier::classify(const Bitmap& image, std::uint32_t orientation) {
-    std::vector<Observation> observations;
+ImageClassification BirdIdentifier::classify(const Bitmap& image, std::uint32_t orientation) {
+    ImageClassification seen;
     try {
         const std::lock_guard turn(mutex_);
-        observations = classifier_->classify(image, orientation);
+        seen = classifier_->classify(image, orientation);
     } catch (const std::exception& failure) {
         throw BirdIdentifierError::identificationFailed(failure.what());
     }
-    if (observations.empty()) {
+    if (seen.observations.empty()) {
         throw BirdIdentifierError::identificationFailed("The model returned no classifications.");
     }
-    SpeciesPrior::Candidates candidates;
-    candidates.reserve(observations.size());
-    for (Observation& observation : observations) {
-        candidates.push_back({std::move(observation.identifier), observation.confidence});
-    }
-    return candidates;
+    return seen;
 }
 
 }  // namespace ornivo

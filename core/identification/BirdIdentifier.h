@@ -54,7 +54,7 @@ public:
     static std::string contentFingerprint(const std::filesystem::path& model);
 
 private:
-    SpeciesPrior::Candidates classify(const Bitmap& image, std::uint32_t orientation);
+    ImageClassification classify(const Bitmap& image, std::uint32_t orientation);
 
     ConfidencePolicy policy_;
     std::shared_ptr<const SpeciesPrior> prior_;

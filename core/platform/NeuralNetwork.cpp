@@ -8,7 +8,9 @@
 #include <cerrno>
 #include <cstddef>
 #include <functional>
+#include <span>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -28,7 +30,8 @@ constexpr std::uint32_t apiVersion = 17;
 
 constexpr const char* networkFileName = "model.onnx";
 constexpr const char* inputName = "image";
-constexpr const char* outputName = "classLabel_probs";
+constexpr const char* sharesName = "classLabel_probs";
+constexpr const char* boxName = "bird_box";
 constexpr const char* labelsKey = "class_labels";
 
 const OrtApi& api() {
@@ -134,6 +137,19 @@ std::vector<std::string> readLabels(const OrtSession& session) {
     return lines(taken(allocator, text));
 }
 
+bool hasOutput(const OrtSession& session, std::string_view wanted) {
+    OrtAllocator* allocator = nullptr;
+    check(api().GetAllocatorWithDefaultOptions(&allocator));
+    std::size_t count = 0;
+    check(api().SessionGetOutputCount(&session, &count));
+    for (std::size_t i = 0; i < count; ++i) {
+        char* name = nullptr;
+        check(api().SessionGetOutputName(&session, i, allocator, &name));
+        if (taken(allocator, name) == wanted) return true;
+    }
+    return false;
+}
+
 /// Width and height in pixels of the pictures that the network takes.
 int readSide(const OrtSession& session) {
     const auto type = made<TypeHandle>(
@@ -166,7 +182,8 @@ ValueHandle makeInput(std::vector<float>& planes, int side) {
     });
 }
 
-std::vector<Observation> ranked(OrtValue& output, const std::vector<std::string>& labels) {
+/// The numbers of an output, which live as long as it does.
+std::span<const float> numbers(OrtValue& output) {
     const auto tensor = made<TensorTypeHandle>(
         [&](OrtTensorTypeAndShapeInfo** out) { return api().GetTensorTypeAndShape(&output, out); });
     ONNXTensorElementDataType type = ONNX_TENSOR_ELEMENT_DATA_TYPE_UNDEFINED;
@@ -174,19 +191,31 @@ std::vector<Observation> ranked(OrtValue& output, const std::vector<std::string>
     std::size_t count = 0;
     check(api().GetTensorShapeElementCount(tensor.get(), &count));
     if (type != ONNX_TENSOR_ELEMENT_DATA_TYPE_FLOAT) throw unsuitable("it answers no numbers.");
-    if (count != labels.size()) {
-        throw unsuitable("it answers " + std::to_string(count) + " shares for " +
-                         std::to_string(labels.size()) + " labels.");
-    }
-
     void* data = nullptr;
     check(api().GetTensorMutableData(&output, &data));
-    const float* const shares = static_cast<const float*>(data);
+    return {static_cast<const float*>(data), count};
+}
+
+std::vector<Observation> ranked(std::span<const float> shares,
+                                const std::vector<std::string>& labels) {
+    if (shares.size() != labels.size()) {
+        throw unsuitable("it answers " + std::to_string(shares.size()) + " shares for " +
+                         std::to_string(labels.size()) + " labels.");
+    }
     std::vector<Observation> observations;
-    observations.reserve(count);
-    for (std::size_t i = 0; i < count; ++i) observations.push_back({labels[i], shares[i]});
+    observations.reserve(shares.size());
+    for (std::size_t i = 0; i < shares.size(); ++i) observations.push_back({labels[i], shares[i]});
     std::ranges::stable_sort(observations, std::greater(), &Observation::confidence);
     return observations;
+}
+
+SubjectBox boxFrom(std::span<const float> values) {
+    constexpr std::size_t fields = 4;
+    if (values.size() != fields) {
+        throw unsuitable("it tells where the bird is by " + std::to_string(values.size()) +
+                         " numbers.");
+    }
+    return {values[0], values[1], values[2], values[3]};
 }
 
 void requireFlushed(int failure, const fs::path& path) {
@@ -210,21 +239,31 @@ struct NeuralNetwork::Session {
           session(openSession(*environment, network, *makeOptions(ORT_ENABLE_ALL))),
           labels(readLabels(*session)),
           side(readSide(*session)),
+          tellsSubject(hasOutput(*session, boxName)),
           planes(static_cast<std::size_t>(side) * static_cast<std::size_t>(side) *
                  Bitmap::channels),
           input(makeInput(planes, side)) {}
 
-    ValueHandle run() const {
+    /// Lets the network look at `planes`.
+    ImageClassification run() const {
+        constexpr std::array names{sharesName, boxName};
+        const std::size_t wanted = tellsSubject ? names.size() : names.size() - 1;
         const OrtValue* const inputs[] = {input.get()};
-        return made<ValueHandle>([&](OrtValue** out) {
-            return api().Run(session.get(), nullptr, &inputName, inputs, 1, &outputName, 1, out);
-        });
+        std::array<OrtValue*, names.size()> outputs{};
+        check(api().Run(session.get(), nullptr, &inputName, inputs, 1, names.data(), wanted,
+                        outputs.data()));
+        const ValueHandle shares(outputs[0]);
+        const ValueHandle box(outputs[1]);
+        ImageClassification result{ranked(numbers(*shares), labels), std::nullopt};
+        if (box) result.subject = boxFrom(numbers(*box));
+        return result;
     }
 
     EnvironmentHandle environment;
     SessionHandle session;
     std::vector<std::string> labels;
     int side;
+    bool tellsSubject;
     std::vector<float> planes;
     ValueHandle input;
 };
@@ -254,9 +293,9 @@ std::vector<std::string> NeuralNetwork::classLabels() const {
     return session_->labels;
 }
 
-std::vector<Observation> NeuralNetwork::classify(const Bitmap& image, std::uint32_t orientation) {
+ImageClassification NeuralNetwork::classify(const Bitmap& image, std::uint32_t orientation) {
     fillPlanes(upright(image, orientation), session_->side, session_->planes);
-    return ranked(*session_->run(), session_->labels);
+    return session_->run();
 }
 
 }  // namespace ornivo

@@ -12,7 +12,8 @@ namespace ornivo {
 /// A model package is a folder with `model.onnx`; a compiled model is a folder with the same
 /// network in the form this machine loads fastest. The network has the input `image`, float32
 /// 1×3×n×n, RGB planes with values 0 to 255, and the output `classLabel_probs`, float32 1×classes.
-/// Its metadata entry `class_labels` names the classes, one a line.
+/// Its metadata entry `class_labels` names the classes, one a line. It may have the output
+/// `bird_box`, float32 1×4: where the subject is, as the fields of `SubjectBox`, in their order.
 class NeuralNetwork : public ImageClassifier {
 public:
     /// Turns a model package, or a single model file, into a compiled model at `compiled`, a
@@ -25,7 +26,7 @@ public:
     ~NeuralNetwork() override;
 
     std::vector<std::string> classLabels() const override;
-    std::vector<Observation> classify(const Bitmap& image, std::uint32_t orientation) override;
+    ImageClassification classify(const Bitmap& image, std::uint32_t orientation) override;
 
 private:
     struct Session;

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
+
+#include "platform/ImageClassifier.h"
 
 namespace ornivo {
 
@@ -21,6 +24,8 @@ struct IdentifiedSpecies {
     Candidate top;
     /// The best candidates in descending confidence, at least one.
     std::vector<Candidate> topK;
+    /// Where the bird is, if the classifier tells. No run depends on it.
+    std::optional<SubjectBox> birdBox = std::nullopt;
 
     const std::string& topLabel() const { return top.label; }
     double confidence() const { return top.confidence; }

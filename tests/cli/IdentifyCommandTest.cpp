@@ -91,8 +91,25 @@ TEST_F(IdentifyCommandTest, AnExplanationTellsWhatPicturePlaceAndMonthContribute
     const std::string candidate =
         " +[0-9]+%  [A-Z].* \\([A-Z][a-z]+ [a-z ]+\\): "
         "classifier [0-9]+%, range × (1|0.15), season × (1|0.35)";
-    EXPECT_THAT(linesOf(ending.out), ElementsAre(photo, MatchesRegex(candidate),
-                                                 MatchesRegex(candidate), MatchesRegex(candidate)));
+    EXPECT_THAT(
+        linesOf(ending.out),
+        ElementsAre(photo, MatchesRegex(candidate), MatchesRegex(candidate),
+                    MatchesRegex(candidate),
+                    MatchesRegex("  bird seen with [0-9]+%: [0-9]+% of the square's side, its "
+                                 "centre [0-9]+% from the left and [0-9]+% from the top")));
+}
+
+TEST_F(IdentifyCommandTest, AnExplanationTellsWhereTheBirdIs) {
+    const std::string photo = scene.addPhoto("a.jpg").string();
+    const auto told =
+        nlohmann::json::parse(Program::run({"identify", "--explain", "--json", photo}).out);
+    for (const char* const field : {"centreX", "centreY", "side", "score"}) {
+        const auto value = told.at("birdBox").at(field).get<double>();
+        EXPECT_GE(value, 0) << field;
+        EXPECT_LE(value, 1) << field;
+    }
+    const auto plain = nlohmann::json::parse(Program::run({"identify", "--json", photo}).out);
+    EXPECT_FALSE(plain.contains("birdBox"));
 }
 
 TEST_F(IdentifyCommandTest, AnExplanationEndsInTheSameConfidencesAsThePlainAnswer) {

@@ -57,8 +57,8 @@ const std::vector<Frame> series{
     {"IMG_0104.jpg", "IMG_4116.jpg", 0.92, 100, "Corvus_corax", false, "Common Raven",
      "Common Raven"},
     {"IMG_0105.jpg", "IMG_4116.jpg", 0, 102, "Corvus_corax", true, "Common Raven", "Common Raven"},
-    // A swallow among ravens, taken for a tern in the fog: no raven in its own short list.
-    {"IMG_0106.jpg", "IMG_4133.jpg", 0.92, 103, "Sterna_paradisaea", false, uncertain, uncertain},
+    // A swallow among ravens, taken for a swift in the fog: no raven in its own short list.
+    {"IMG_0106.jpg", "IMG_4133.jpg", 0.92, 103, "Apus_apus", false, uncertain, uncertain},
     // A doubtful frame beside one that was itself only promoted is evidence of nothing.
     {"IMG_0107.jpg", "IMG_4116.jpg", 0.92, 96, "Corvus_corax", false, uncertain, uncertain},
 };

@@ -30,6 +30,11 @@ std::vector<std::string> tableLabels() {
     return labels;
 }
 
+/// How many labels the common-name table has, and so many more.
+std::string tableSize(int more = 0) {
+    return std::to_string(BirdClassifierLabels::speciesCount() + more);
+}
+
 /// Answers what it was given, and remembers how it was asked.
 class ScriptedClassifier final : public ImageClassifier {
 public:
@@ -39,15 +44,16 @@ public:
 
     std::vector<std::string> classLabels() const override { return labels_; }
 
-    std::vector<Observation> classify(const Bitmap& image, std::uint32_t orientation) override {
+    ImageClassification classify(const Bitmap& image, std::uint32_t orientation) override {
         if (failure) throw *failure;
         ++calls;
         seenWidth = image.width();
         seenOrientation = orientation;
-        return answer_;
+        return {answer_, subject};
     }
 
     std::optional<Error> failure;
+    std::optional<SubjectBox> subject;
     int calls = 0;
     int seenWidth = 0;
     std::uint32_t seenOrientation = 0;
@@ -245,8 +251,8 @@ TEST(BirdIdentifier, RefusesAClassifierWithOneLabelMoreAndNamesIt) {
     labels.emplace_back("Phoenix_phoenix");
     EXPECT_EQ(failureWith(labels),
               BirdIdentifierError::labelSetMismatch(
-                  "Model has 1251 labels, lookup has 1250. In model only: [\"Phoenix_phoenix\"]. "
-                  "In lookup only: []."));
+                  "Model has " + tableSize(1) + " labels, lookup has " + tableSize() +
+                  ". In model only: [\"Phoenix_phoenix\"]. In lookup only: []."));
 }
 
 TEST(BirdIdentifier, RefusesAClassifierWithOneLabelLessAndNamesIt) {
@@ -254,8 +260,8 @@ TEST(BirdIdentifier, RefusesAClassifierWithOneLabelLessAndNamesIt) {
     std::erase(labels, "Pica_pica");
     EXPECT_EQ(failureWith(labels),
               BirdIdentifierError::labelSetMismatch(
-                  "Model has 1249 labels, lookup has 1250. In model only: []. In lookup only: "
-                  "[\"Pica_pica\"]."));
+                  "Model has " + tableSize(-1) + " labels, lookup has " + tableSize() +
+                  ". In model only: []. In lookup only: [\"Pica_pica\"]."));
 }
 
 TEST(BirdIdentifier, NamesOnlyTheFirstFiveOfManyDifferentLabelsInTextOrder) {
@@ -266,9 +272,10 @@ TEST(BirdIdentifier, NamesOnlyTheFirstFiveOfManyDifferentLabelsInTextOrder) {
     const auto error = failureWith(labels);
     ASSERT_TRUE(error);
     EXPECT_EQ(error->localizedDescription(),
-              "The bundled classifier does not match its common-name lookup. Model has 1257 "
-              "labels, lookup has 1250. In model only: [\"Zz_1\", \"Zz_2\", \"Zz_3\", \"Zz_4\", "
-              "\"Zz_5\"]. In lookup only: [].");
+              "The bundled classifier does not match its common-name lookup. Model has " +
+                  tableSize(7) + " labels, lookup has " + tableSize() +
+                  ". In model only: [\"Zz_1\", \"Zz_2\", \"Zz_3\", \"Zz_4\", \"Zz_5\"]. "
+                  "In lookup only: [].");
 }
 
 TEST(BirdIdentifier, RefusesAClassifierThatNamesNoLabels) {
@@ -277,8 +284,16 @@ TEST(BirdIdentifier, RefusesAClassifierThatNamesNoLabels) {
     EXPECT_EQ(error->kind(), BirdIdentifierError::Case::labelSetMismatch);
     EXPECT_THAT(error->localizedDescription(),
                 ::testing::StartsWith("The bundled classifier does not match its common-name "
-                                      "lookup. Model has 0 labels, lookup has 1250. In model only: "
-                                      "[]. In lookup only: [\""));
+                                      "lookup. Model has 0 labels, lookup has " +
+                                      tableSize() + ". In model only: []. In lookup only: [\""));
+}
+
+TEST(BirdIdentifier, HandsOnWhereTheBirdIs) {
+    Fixture fixture;
+    EXPECT_EQ(fixture.identifier.identify(filled(300, 300)).birdBox, std::nullopt);
+    const SubjectBox box{0.25F, 0.5F, 0.125F, 0.75F};
+    fixture.classifier->subject = box;
+    EXPECT_EQ(fixture.identifier.identify(filled(300, 300)).birdBox, box);
 }
 
 // Threads
@@ -288,11 +303,11 @@ TEST(BirdIdentifier, CallersOnSeveralThreadsTakeTurnsAtTheClassifier) {
     public:
         explicit CountingClassifier(std::atomic<int>& overlaps) : overlaps_(overlaps) {}
         std::vector<std::string> classLabels() const override { return tableLabels(); }
-        std::vector<Observation> classify(const Bitmap&, std::uint32_t) override {
+        ImageClassification classify(const Bitmap&, std::uint32_t) override {
             if (inside_.exchange(true)) ++overlaps_;
             std::this_thread::yield();
             inside_ = false;
-            return fourBirds;
+            return {fourBirds, std::nullopt};
         }
 
     private:

@@ -39,7 +39,7 @@ NeuralNetwork loaded(const TempFolder& folder, const TinyNetwork& network = {}) 
 
 Shares shares(ImageClassifier& classifier, const Bitmap& image, std::uint32_t orientation = 1) {
     Shares result;
-    for (const Observation& observation : classifier.classify(image, orientation)) {
+    for (const Observation& observation : classifier.classify(image, orientation).observations) {
         result[observation.identifier] = observation.confidence;
     }
     return result;
@@ -69,7 +69,7 @@ TEST(NeuralNetwork, AnswersEveryClassTheLikeliestFirstAndEqualsInTheModelsOrder)
     NeuralNetwork network = loaded(folder);
     const Bitmap image(2, 2, {7, 9, 7, 7, 9, 7, 8, 7, 7, 7, 7, 7});
     std::vector<std::string> order;
-    for (const Observation& observation : network.classify(image, 1)) {
+    for (const Observation& observation : network.classify(image, 1).observations) {
         order.push_back(observation.identifier);
     }
     EXPECT_THAT(
@@ -185,6 +185,24 @@ TEST(NeuralNetwork, RefusesAnAnswerWithMoreSharesThanLabels) {
     NeuralNetwork network = loaded(folder, {.labels = {"one", "two"}});
     EXPECT_EQ(failureOf([&] { network.classify(fourPixels, 1); }),
               "The classifier can't be used: it answers 12 shares for 2 labels.");
+}
+
+TEST(NeuralNetwork, TellsWhereTheBirdIsIfTheModelDoes) {
+    const TempFolder folder;
+    NeuralNetwork silent = loaded(folder);
+    EXPECT_EQ(silent.classify(fourPixels, 1).subject, std::nullopt);
+    const TempFolder other;
+    NeuralNetwork telling = loaded(other, {.box = {0.25F, 0.5F, 0.125F, 0.75F}});
+    const ImageClassification seen = telling.classify(fourPixels, 1);
+    EXPECT_EQ(seen.subject, (SubjectBox{0.25F, 0.5F, 0.125F, 0.75F}));
+    EXPECT_EQ(seen.observations.size(), 12U);
+}
+
+TEST(NeuralNetwork, RefusesABoxThatIsNotFourNumbers) {
+    const TempFolder folder;
+    NeuralNetwork network = loaded(folder, {.box = {0.5F, 0.5F, 0.5F}});
+    EXPECT_EQ(failureOf([&] { network.classify(fourPixels, 1); }),
+              "The classifier can't be used: it tells where the bird is by 3 numbers.");
 }
 
 }  // namespace

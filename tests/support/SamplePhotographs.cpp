@@ -4,8 +4,10 @@
 #include <fstream>
 #include <map>
 #include <sstream>
+#include <utility>
 
 #include "media/ImageDecoder.h"
+#include "platform/BitmapTransforms.h"
 #include "support/TempFolder.h"
 
 namespace ornivo::testing {
@@ -37,13 +39,18 @@ std::map<std::string, std::string> speciesByFile(const fs::path& answers) {
     return species;
 }
 
+std::size_t byteOffset(const Bitmap& bitmap, int column, int row) {
+    return static_cast<std::size_t>((row * bitmap.width() + column) * Bitmap::channels);
+}
+
 }  // namespace
 
 std::size_t eachSamplePhotograph(const std::function<void(const SamplePhotograph&)>& take) {
     const fs::path media = sampleMedia();
     if (media.empty()) return 0;
     const auto species = speciesByFile(media / "answers.csv");
-    const auto reference = readTable(media / "../models/reference.csv");
+    const auto reference =
+        readTable(fs::path(ORNIVO_SOURCE_DIR) / "tests/support/sample_answers.csv");
     for (const auto& row : reference) {
         const std::string& name = row.at(0);
         const auto decoded = ImageDecoder::decodeCGImage(media / "photos" / name, 640).value();
@@ -51,6 +58,19 @@ std::size_t eachSamplePhotograph(const std::function<void(const SamplePhotograph
               std::stod(row.at(2))});
     }
     return reference.size();
+}
+
+Bitmap laidSmall(const Bitmap& picture, const Bitmap& ground, Corner corner) {
+    const Bitmap small = scaled(centreSquare(picture), smallSide, smallSide);
+    const Bitmap scene = scaled(centreSquare(ground), sceneSide, sceneSide);
+    std::vector<std::uint8_t> pixels(scene.pixels().begin(), scene.pixels().end());
+    for (int row = 0; row < smallSide; ++row) {
+        const auto line = small.pixels().subspan(byteOffset(small, 0, row),
+                                                 std::size_t{smallSide} * Bitmap::channels);
+        const std::size_t start = byteOffset(scene, corner.left, corner.top + row);
+        std::ranges::copy(line, pixels.begin() + static_cast<std::ptrdiff_t>(start));
+    }
+    return {sceneSide, sceneSide, std::move(pixels)};
 }
 
 }  // namespace ornivo::testing

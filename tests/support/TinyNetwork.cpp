@@ -1,6 +1,7 @@
 #include "support/TinyNetwork.h"
 
 #include <cstdint>
+#include <cstring>
 #include <string_view>
 
 #include "support/TempFolder.h"
@@ -36,11 +37,28 @@ std::string tensor(std::string_view name, const std::vector<int>& shape) {
     return text(1, name) + text(2, text(1, type));
 }
 
+std::string boxShape(const std::vector<float>& box) {
+    return tensor("bird_box", {1, static_cast<int>(box.size())});
+}
+
+/// A node that answers the same numbers each time.
+std::string constant(std::string_view output, const std::vector<float>& values) {
+    constexpr int tensorAttribute = 4;
+    std::string bytes(values.size() * sizeof(float), '\0');
+    std::memcpy(bytes.data(), values.data(), bytes.size());
+    const std::string value = integer(1, 1) + integer(1, static_cast<int>(values.size())) +
+                              integer(2, floatType) + text(9, bytes);
+    const std::string attribute = text(1, "value") + text(5, value) + integer(20, tensorAttribute);
+    return text(2, output) + text(4, "Constant") + text(5, attribute);
+}
+
 std::string graph(const TinyNetwork& network) {
     const std::string flatten = text(1, "image") + text(2, "classLabel_probs") + text(4, "Flatten");
-    return text(1, flatten) + text(2, "tiny") +
-           text(11, tensor("image", {1, 3, network.height, network.width})) +
-           text(12, tensor("classLabel_probs", {1, 3 * network.width * network.height}));
+    const bool hasBox = !network.box.empty();
+    return text(1, flatten) + (hasBox ? text(1, constant("bird_box", network.box)) : "") +
+           text(2, "tiny") + text(11, tensor("image", {1, 3, network.height, network.width})) +
+           text(12, tensor("classLabel_probs", {1, 3 * network.width * network.height})) +
+           (hasBox ? text(12, boxShape(network.box)) : "");
 }
 
 std::string labelEntry(const std::vector<std::string>& labels) {

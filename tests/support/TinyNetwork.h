@@ -15,6 +15,8 @@ struct TinyNetwork {
     /// missing.
     std::vector<std::string> labels = {"r0", "r1", "r2", "r3", "g0", "g1",
                                        "g2", "g3", "b0", "b1", "b2", "b3"};
+    /// What it answers as `bird_box`, whatever it is shown; empty: it has no such output.
+    std::vector<float> box = {};
 };
 
 /// Writes the network as an ONNX file, making the folders above it. Answers its path.

@@ -20,12 +20,14 @@ from common import (
 )
 
 VERSION = 1
-FACTS_DATE = "2026-11-20"  # of the collected facts; --generated sets another
+FACTS_DATE = "2026-11-22"  # of the collected facts; --generated sets another
 NOTE = (
     "The classifier grew out of the openly licensed on-device network of google-coral/test_data, "
     "itself trained on photographs shared by naturalists on iNaturalist. These pictures trained "
-    "it further. Not all of them carry an open licence: the terms are given as published, and "
-    "where none were published, that is said. None of the pictures is shipped."
+    "it further: the first five sources its whole network, the others its last layer, and all "
+    "of them the part that finds the bird. Not all of them carry an open licence: the terms are "
+    "given as published, and where none were published, that is said. None of the pictures is "
+    "shipped."
 )
 UNREGISTERED = (
     "No derived dataset was registered with GBIF, and so there is no DOI to cite: the training "

@@ -52,7 +52,7 @@ def lines_by_initial(labels, indent):
     lines = {}
     for label in sorted(labels):
         lines.setdefault(label[0], []).append(compact(label))
-    return "[\n" + ",\n".join(" " * indent + ", ".join(line) for line in lines.values()) + "]"
+    return "[\n" + ",\n".join(" " * indent + ",".join(line) for line in lines.values()) + "]"
 
 
 def words(text):

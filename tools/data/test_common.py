@@ -145,7 +145,7 @@ class AnExpression(unittest.TestCase):
 class LinesByInitial(unittest.TestCase):
     def test_are_a_sorted_array_with_a_line_for_each_letter(self):
         text = lines_by_initial({"Bubo_bubo", "Anas_acuta", "Anas_crecca"}, 2)
-        self.assertEqual(text, '[\n  "Anas_acuta", "Anas_crecca",\n  "Bubo_bubo"]')
+        self.assertEqual(text, '[\n  "Anas_acuta","Anas_crecca",\n  "Bubo_bubo"]')
         self.assertEqual(json.loads(text), ["Anas_acuta", "Anas_crecca", "Bubo_bubo"])
 
 
