@@ -25,7 +25,7 @@ class Settings:
     margin: float = 1.15
     least: float = 72.0
 
-    # The share of the second look's scores: (alone_from - side) / alone_width, within 0 and 1.
+    # The share of the second look's scores: (share_from - side) / share_width, within 0 and 1.
     share_from: float = 0.75
     share_width: float = 0.45
 
