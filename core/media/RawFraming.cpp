@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
+#include <functional>
 
 namespace ornivo::RawFraming {
 namespace {
@@ -46,7 +46,7 @@ std::vector<Framing> framingsOf(PixelSize size, PixelSize stored, std::uint32_t 
     std::vector<Framing> ways{{stored, orientation}};
     if (swapsSides(orientation)) ways.push_back({across(stored), 1});
     const auto fits = [size](const Framing& way) { return haveSameAspect(size, way.kept); };
-    std::ranges::stable_partition(ways, fits);
+    std::stable_partition(ways.begin(), ways.end(), fits);
     for (Framing& way : ways) way.kept = fits(way) ? size : partWithAspect(size, way.kept);
     return ways;
 }
@@ -75,9 +75,9 @@ std::vector<std::size_t> orderOfUse(std::span<const PixelSize> sizes, int maxDim
     for (std::size_t i = 0; i < sizes.size(); ++i) {
         if (suffices(i) || sideOf(i) >= leastUseful) order.push_back(i);
     }
-    const auto tooSmall = std::ranges::stable_partition(order, suffices);
-    std::ranges::stable_sort(order.begin(), tooSmall.begin(), {}, sideOf);
-    std::ranges::stable_sort(tooSmall, std::greater<>(), sideOf);
+    const auto tooSmall = std::stable_partition(order.begin(), order.end(), suffices);
+    std::ranges::stable_sort(order.begin(), tooSmall, {}, sideOf);
+    std::ranges::stable_sort(tooSmall, order.end(), std::greater<>(), sideOf);
     return order;
 }
 

@@ -149,7 +149,7 @@ TEST(ImageDecoder, ARawFileShotInPortraitArrivesUpright) {
 TEST(ImageDecoder, ARawFileShowsWhatTheCameraDeveloped) {
     const TempFolder folder;
     const std::string jpeg =
-        jpegOf(quarters(1620, 1080),
+        jpegOf(quarters(810, 540),
                {.exif = {.orientation = 3, .dateTimeOriginal = "1999:01:01 00:00:00"}});
     for (const RawKind kind : allRawKinds) {
         const RawOptions options{.orientation = 6, .dateTimeOriginal = "2024:05:17 08:12:33"};
@@ -166,7 +166,7 @@ TEST(ImageDecoder, ARawFileShowsWhatTheCameraDeveloped) {
 TEST(ImageDecoder, QualityOfARawFileIsMeasuredOnTheReducedPicture) {
     const TempFolder folder;
     // Stripes so fine that the reduced picture is an even grey.
-    const auto stripes = painted(1620, 1080, [](int x, int) {
+    const auto stripes = painted(810, 540, [](int x, int) {
         return x / 2 % 2 == 0 ? Colour{255, 255, 255} : Colour{0, 0, 0};
     });
     const auto file = writeRaw(folder.path(), RawKind::cr3, {{jpegOf(stripes)}});

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <map>
 #include <string>
 
 #include "platform/BitmapTransforms.h"
@@ -30,6 +31,14 @@ Colour middleOf(const Bitmap& bitmap) {
     return at(bitmap, bitmap.width() / 2, bitmap.height() / 2);
 }
 
+/// A JPEG of one colour, made once.
+const std::string& flatJpeg(PixelSize size, Colour colour) {
+    static std::map<std::array<int, 5>, std::string> made;
+    std::string& jpeg = made[{size.width, size.height, colour.red, colour.green, colour.blue}];
+    if (jpeg.empty()) jpeg = jpegOf(filled(size.width, size.height, colour));
+    return jpeg;
+}
+
 /// Whether both show the same colours in the middles of their quarters.
 ::testing::AssertionResult showsQuartersOf(const std::optional<Bitmap>& found,
                                            const Bitmap& wanted) {
@@ -52,8 +61,8 @@ protected:
     }
 
     std::optional<Bitmap> decoded(const std::vector<RawPreview>& previews,
-                                  const RawOptions& options = {}) const {
-        return decodeRawPicture(write(previews, options), maxDimension);
+                                  const RawOptions& options = {}, int side = maxDimension) const {
+        return decodeRawPicture(write(previews, options), side);
     }
 
     TempFolder folder_;
@@ -63,22 +72,22 @@ INSTANTIATE_TEST_SUITE_P(Makers, RawPicture, ::testing::ValuesIn(allRawKinds),
                          [](const auto& kind) { return std::string(extensionOf(kind.param)); });
 
 TEST_P(RawPicture, ThePreviewIsThePicture) {
-    const Bitmap scene = quarters(1620, 1080);
+    const Bitmap scene = quarters(810, 540);
     const auto picture = decoded({{jpegOf(scene)}});
     EXPECT_EQ(sizeOf(picture), (PixelSize{640, 427}));
     EXPECT_TRUE(showsQuartersOf(picture, scene));
 }
 
 TEST_P(RawPicture, TheSecondPlaceIsFoundToo) {
-    const Bitmap scene = quarters(1620, 1080);
+    const Bitmap scene = quarters(810, 540);
     EXPECT_TRUE(showsQuartersOf(decoded({{}, {jpegOf(scene)}}), scene));
 }
 
 TEST_P(RawPicture, EveryOrientationComesUpright) {
-    const Bitmap stored = quarters(1620, 1080);
+    const Bitmap stored = quarters(810, 540);
     const std::string jpeg = jpegOf(stored);
     for (std::uint16_t orientation = 1; orientation <= 8; ++orientation) {
-        const auto picture = decoded({{jpeg}}, {.orientation = orientation});
+        const auto picture = decoded({{jpeg}}, {.orientation = orientation}, 160);
         EXPECT_TRUE(showsQuartersOf(picture, upright(stored, orientation))) << orientation;
         const bool isUpright = picture && picture->height() > picture->width();
         EXPECT_EQ(isUpright, orientation >= 5) << orientation;
@@ -87,48 +96,48 @@ TEST_P(RawPicture, EveryOrientationComesUpright) {
 
 TEST_P(RawPicture, APreviewThatTheCameraTurnedIsNotTurnedAgain) {
     for (std::uint16_t orientation = 5; orientation <= 8; ++orientation) {
-        const Bitmap turned = upright(quarters(1620, 1080), orientation);
-        const auto picture = decoded({{jpegOf(turned)}}, {.orientation = orientation});
+        const Bitmap turned = upright(quarters(810, 540), orientation);
+        const auto picture = decoded({{jpegOf(turned)}}, {.orientation = orientation}, 160);
         EXPECT_TRUE(showsQuartersOf(picture, turned)) << orientation;
     }
 }
 
 TEST_P(RawPicture, ThePreviewsOwnOrientationDoesNotCount) {
-    const Bitmap stored = quarters(1620, 1080);
+    const Bitmap stored = quarters(810, 540);
     const std::string jpeg = jpegOf(stored, {.exif = {.orientation = 3}});
     EXPECT_TRUE(showsQuartersOf(decoded({{jpeg}}, {.orientation = 6}), upright(stored, 6)));
     EXPECT_TRUE(showsQuartersOf(decoded({{jpeg}}, {.orientation = 1}), stored));
 }
 
 TEST_P(RawPicture, AdobeRGBBecomesSRGBWhereverItIsTold) {
-    const std::string jpeg = jpegOf(quartersInAdobeRGB(1620, 1080));
+    const std::string jpeg = jpegOf(quartersInAdobeRGB(810, 540));
     for (const AdobeMark mark : {AdobeMark::exif, AdobeMark::interoperability}) {
         const auto picture = decoded({{jpeg}}, {.adobe = mark});
-        EXPECT_TRUE(showsQuartersOf(picture, quarters(1620, 1080))) << static_cast<int>(mark);
+        EXPECT_TRUE(showsQuartersOf(picture, quarters(810, 540))) << static_cast<int>(mark);
     }
 }
 
 TEST_P(RawPicture, AProfileInThePreviewGoesBeforeWhatTheFileTells) {
-    const Bitmap scene = quarters(1620, 1080);
+    const Bitmap scene = quarters(810, 540);
     const std::string jpeg = jpegOf(scene, {.kind = JpegKind::displayP3});
     EXPECT_TRUE(showsQuartersOf(decoded({{jpeg}}, {.adobe = AdobeMark::exif}), scene));
 }
 
 TEST_P(RawPicture, TheSmallestThatIsLargeEnoughIsTaken) {
-    const std::string small = jpegOf(filled(1620, 1080, teal));
-    const std::string large = jpegOf(filled(3000, 2000, amber));
+    const std::string small = flatJpeg({810, 540}, teal);
+    const std::string large = flatJpeg({1200, 800}, amber);
     for (const auto& previews :
          {std::vector<RawPreview>{{small}, {large}}, std::vector<RawPreview>{{large}, {small}}}) {
         const auto file = write(previews);
-        for (const int side : {64, 640, 1620}) {
+        for (const int side : {64, 640, 810}) {
             const auto picture = decodeRawPicture(file, side);
             ASSERT_TRUE(picture);
             EXPECT_TRUE(isNear(middleOf(*picture), teal, tolerance)) << side;
         }
-        const auto picture = decodeRawPicture(file, 1621);
+        const auto picture = decodeRawPicture(file, 811);
         ASSERT_TRUE(picture);
         EXPECT_TRUE(isNear(middleOf(*picture), amber, tolerance));
-        EXPECT_EQ(sizeOf(picture), (PixelSize{1621, 1081}));
+        EXPECT_EQ(sizeOf(picture), (PixelSize{811, 541}));
     }
 }
 
@@ -143,7 +152,7 @@ TEST_P(RawPicture, OneOfLessThan640PixelsDoesNotServe) {
 
 TEST_P(RawPicture, APreviewOfAnotherShapeIsPassedOver) {
     const std::string square = jpegOf(filled(1000, 1000, amber));
-    const std::string right = jpegOf(filled(1620, 1080, teal));
+    const std::string right = flatJpeg({810, 540}, teal);
     for (const auto& previews :
          {std::vector<RawPreview>{{square}, {right}}, std::vector<RawPreview>{{right}, {square}}}) {
         const auto picture = decoded(previews);
@@ -165,8 +174,8 @@ Bitmap laidOnBlack(const Bitmap& scene, PixelSize whole) {
 }
 
 TEST_P(RawPicture, BlackBarsAreCutOff) {
-    const Bitmap scene = quarters(1600, 1066);
-    const auto jpeg = jpegOf(laidOnBlack(scene, {1600, 1200}));
+    const Bitmap scene = quarters(800, 533);
+    const auto jpeg = jpegOf(laidOnBlack(scene, {800, 600}));
     for (const std::uint16_t orientation : std::array<std::uint16_t, 2>{1, 6}) {
         const auto picture = decoded({{jpeg}}, {.orientation = orientation});
         const Bitmap wanted = upright(scene, orientation);
@@ -184,8 +193,8 @@ TEST_P(RawPicture, BlackBarsAreCutOff) {
 }
 
 TEST_P(RawPicture, BarsAtTheSidesOfATurnedPreviewAreCutOff) {
-    const Bitmap turned = upright(quarters(1200, 800), 6);
-    const auto jpeg = jpegOf(laidOnBlack(turned, {1600, 1200}));
+    const Bitmap turned = upright(quarters(960, 640), 6);
+    const auto jpeg = jpegOf(laidOnBlack(turned, {1280, 960}));
     const auto picture = decoded({{jpeg}}, {.orientation = 6});
     EXPECT_TRUE(showsQuartersOf(picture, turned));
     EXPECT_EQ(sizeOf(picture).height, 640);
@@ -194,16 +203,16 @@ TEST_P(RawPicture, BarsAtTheSidesOfATurnedPreviewAreCutOff) {
 
 TEST_P(RawPicture, TheChosenAspectDecidesWhatIsABar) {
     // A wide picture on a sensor of 3:2, its preview with bars.
-    const Bitmap scene = quarters(1620, 912);
-    const auto jpeg = jpegOf(laidOnBlack(scene, {1620, 1080}));
+    const Bitmap scene = quarters(810, 456);
+    const auto jpeg = jpegOf(laidOnBlack(scene, {810, 540}));
     const auto picture = decoded({{jpeg}}, {.picture = PixelSize{6000, 3376}});
     EXPECT_TRUE(showsQuartersOf(picture, scene));
     EXPECT_NEAR(sizeOf(picture).height, 360, 2);
 }
 
 TEST_P(RawPicture, ATruncatedPreviewIsPassedOver) {
-    const std::string whole = jpegOf(filled(3000, 2000, teal));
-    const std::string cut = jpegOf(quarters(1620, 1080));
+    const std::string whole = flatJpeg({1200, 800}, teal);
+    const std::string cut = jpegOf(quarters(810, 540));
     const RawPreview halved{cut.substr(0, cut.size() / 2)};
     const auto picture = decoded({halved, {whole}});
     ASSERT_TRUE(picture);
@@ -212,7 +221,7 @@ TEST_P(RawPicture, ATruncatedPreviewIsPassedOver) {
 }
 
 TEST_P(RawPicture, AFileCutOffWithinItsOnlyPreviewIsAbsent) {
-    const auto file = write({{jpegOf(quarters(1620, 1080))}});
+    const auto file = write({{jpegOf(quarters(810, 540))}});
     const std::string whole = readFile(file);
     for (const double kept : {0.9, 0.5, 0.1}) {
         const auto length =
@@ -224,8 +233,8 @@ TEST_P(RawPicture, AFileCutOffWithinItsOnlyPreviewIsAbsent) {
 }
 
 TEST_P(RawPicture, WhatIsToldToLiePastTheEndIsPassedOver) {
-    const std::string jpeg = jpegOf(filled(1620, 1080, amber));
-    const std::string right = jpegOf(filled(3000, 2000, teal));
+    const std::string jpeg = flatJpeg({810, 540}, amber);
+    const std::string right = flatJpeg({1200, 800}, teal);
     for (const std::uint32_t offset : {0x7FFFFFF0U, 0xFFFFFFF0U, 0xFFFFFFFFU}) {
         // A CR3 holds its preview itself, and tells the offset of its track alone.
         const bool isSecond = GetParam() == RawKind::cr3;
@@ -237,8 +246,8 @@ TEST_P(RawPicture, WhatIsToldToLiePastTheEndIsPassedOver) {
 }
 
 TEST_P(RawPicture, ALengthOfFourGigabytesIsNotBelieved) {
-    const std::string jpeg = jpegOf(filled(1620, 1080, amber));
-    const std::string right = jpegOf(filled(3000, 2000, teal));
+    const std::string jpeg = flatJpeg({810, 540}, amber);
+    const std::string right = flatJpeg({1200, 800}, teal);
     for (const std::uint32_t length : {0xFFFFFFFFU, 0xFFFFFF00U}) {
         if (GetParam() == RawKind::cr3) {
             EXPECT_TRUE(decoded({{right}, {jpeg, {}, length}}));
@@ -256,7 +265,7 @@ TEST_P(RawPicture, WithoutAPreviewSensorDataThatNobodyKnowsAreAbsent) {
 }
 
 TEST_P(RawPicture, TheContainerCountsAndNotTheName) {
-    const auto file = write({{jpegOf(filled(1620, 1080, teal))}});
+    const auto file = write({{flatJpeg({810, 540}, teal)}});
     fs::rename(file, folder_ / "other.dng");
     EXPECT_TRUE(decodeRawPicture(folder_ / "other.dng", maxDimension));
 }
@@ -270,9 +279,9 @@ INSTANTIATE_TEST_SUITE_P(Makers, RawPictureColours,
                          [](const auto& kind) { return std::string(extensionOf(kind.param)); });
 
 TEST_P(RawPictureColours, AdobeRGBInTheMakersNotesBecomesSRGB) {
-    const std::string jpeg = jpegOf(quartersInAdobeRGB(1620, 1080));
+    const std::string jpeg = jpegOf(quartersInAdobeRGB(810, 540));
     const auto picture = decoded({{jpeg}}, {.adobe = AdobeMark::makerNote});
-    EXPECT_TRUE(showsQuartersOf(picture, quarters(1620, 1080)));
+    EXPECT_TRUE(showsQuartersOf(picture, quarters(810, 540)));
 }
 
 TEST(RawPictureFallback, AFileWithoutAPreviewIsDeveloped) {
@@ -284,7 +293,7 @@ TEST(RawPictureFallback, AFileWithoutAPreviewIsDeveloped) {
 
 TEST(RawPictureFallback, APictureThatIsNoRawFileIsAbsent) {
     const TempFolder folder;
-    EXPECT_FALSE(decodeRawPicture(writeJpeg(folder / "a.nef", 1620, 1080), 640));
+    EXPECT_FALSE(decodeRawPicture(writeJpeg(folder / "a.nef", 810, 540), 640));
     EXPECT_FALSE(decodeRawPicture(writeTiff(folder / "b.dng", quarters(900, 600)), 640));
     EXPECT_FALSE(decodeRawPicture(writeFile(folder / "c.cr3", ""), 640));
     EXPECT_FALSE(decodeRawPicture(folder / "missing.arw", 640));
