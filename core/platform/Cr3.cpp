@@ -23,10 +23,11 @@ std::uint64_t bigEndian(std::span<const std::uint8_t> bytes) {
     return value;
 }
 
-/// A number of `length` bytes at a place; 0 when it isn't there.
-std::uint64_t numberAt(const ByteSource& source, std::uint64_t at, std::uint64_t length) {
-    const auto bytes = bytesOf(source, {at, length});
-    return bytes ? bigEndian(*bytes) : 0;
+/// A number of at most eight bytes at a place; 0 when it isn't there.
+std::uint64_t numberAt(const ByteSource& source, std::uint64_t at, std::size_t length) {
+    std::array<std::uint8_t, 8> bytes{};
+    const auto number = std::span(bytes).first(length);
+    return source.read(at, number) ? bigEndian(number) : 0;
 }
 
 bool isAt(const ByteSource& source, std::uint64_t at, std::string_view text) {
@@ -38,10 +39,16 @@ bool isAt(const ByteSource& source, std::uint64_t at, std::string_view text) {
 }
 
 struct Box {
-    std::array<char, 4> type;
+    std::uint32_t type;
     ByteRange contents;
 
-    bool is(std::string_view name) const { return std::ranges::equal(type, name); }
+    /// Whether the type is of these four letters.
+    bool is(std::string_view letters) const {
+        const std::array<std::uint8_t, 4> bytes{
+            static_cast<std::uint8_t>(letters[0]), static_cast<std::uint8_t>(letters[1]),
+            static_cast<std::uint8_t>(letters[2]), static_cast<std::uint8_t>(letters[3])};
+        return type == bigEndian(bytes);
+    }
 };
 
 /// The boxes that fill a range, one after the other. The last may claim more than is there.
@@ -58,12 +65,10 @@ std::vector<Box> boxesIn(const ByteSource& source, ByteRange range) {
             size = numberAt(source, at + 8, 8);
             header = 16;
         }
-        const auto type = bytesOf(source, {at + 4, 4});
-        if (!type || size < header || left < header) break;
+        if (size < header || left < header) break;
         size = std::min(size, left);
-        Box box{{}, {at + header, size - header}};
-        std::ranges::copy(*type, box.type.begin());
-        boxes.push_back(box);
+        const auto type = static_cast<std::uint32_t>(numberAt(source, at + 4, 4));
+        boxes.push_back({type, {at + header, size - header}});
         at += size;
         left -= size;
     }

@@ -14,7 +14,9 @@ std::optional<RawContainer> readRawContainer(const ByteSource& source) {
 void offerPicture(const ByteSource& source, EmbeddedJpeg wanted, RawContainer& container) {
     // The most that any camera has is five.
     constexpr std::size_t mostPictures = 32;
-    if (container.pictures.size() >= mostPictures) return;
+    // Of a hundred megapixels at the best quality. It is read into memory.
+    constexpr std::uint64_t longest = 200'000'000;
+    if (container.pictures.size() >= mostPictures || wanted.range.length > longest) return;
     const auto isSame = [&](const EmbeddedJpeg& known) {
         return known.range.offset == wanted.range.offset;
     };

@@ -284,6 +284,13 @@ TEST_P(RawPictureColours, AdobeRGBInTheMakersNotesBecomesSRGB) {
     EXPECT_TRUE(showsQuartersOf(picture, quarters(810, 540)));
 }
 
+TEST(RawPictureFallback, WhatALibraryFindsServesWhereOurReaderFindsNothing) {
+    const TempFolder folder;
+    const std::string jpeg = jpegOf(quarters(810, 540));
+    const auto picture = decodeRawPicture(writeFile(folder / "a.dng", pentaxDngFile(jpeg)), 640);
+    EXPECT_TRUE(showsQuartersOf(picture, quarters(810, 540)));
+}
+
 TEST(RawPictureFallback, AFileWithoutAPreviewIsDeveloped) {
     const TempFolder folder;
     const auto picture = decodeRawPicture(writeDng(folder / "a.dng", quarters(256, 192)), 640);

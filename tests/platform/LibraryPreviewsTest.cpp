@@ -8,34 +8,14 @@
 #include "support/Pictures.h"
 #include "support/RawFiles.h"
 #include "support/TempFolder.h"
-#include "support/TiffBytes.h"
 
 namespace ornivo::testing {
 namespace {
 
-/// A DNG whose only JPEG stands in notes that our own reader doesn't know.
-std::string dngOfPentax(const std::string& jpeg) {
-    TiffBytes file(std::string("II\x2A\0\0\0\0\0", 8), false);
-    const auto notes = file.append(std::string("AOC\0II", 6));
-    const auto entries =
-        file.directory({TiffBytes::shorts(0x0002, {900, 600}), TiffBytes::longs(0x0003, {0}),
-                        TiffBytes::longs(0x0004, {0})},
-                       notes);
-    const auto at = file.append(jpeg);
-    file.setNumber(entries, 0x0003, static_cast<std::uint32_t>(jpeg.size()));
-    file.setNumber(entries, 0x0004, at);
-    const auto exif = file.directory({TiffBytes::undefinedAt(0x927C, notes, at - notes)});
-    file.setFirst(
-        file.directory({TiffBytes::ascii(0x010F, "PENTAX"),
-                        TiffBytes::ascii(0x0110, "PENTAX K-999"), TiffBytes::longs(0x8769, {exif}),
-                        TiffBytes::undefined(0xC612, std::string("\1\4\0\0", 4))}));
-    return file.bytes();
-}
-
 TEST(LibraryPreviews, Exiv2FindsWhatStandsInRarerNotes) {
     const TempFolder folder;
     const std::string jpeg = jpegOf(filled(900, 600));
-    const auto file = writeFile(folder / "a.dng", dngOfPentax(jpeg));
+    const auto file = writeFile(folder / "a.dng", pentaxDngFile(jpeg));
     const auto own = readRawContainer(FileBytes(file));
     ASSERT_TRUE(own);
     EXPECT_TRUE(own->pictures.empty());

@@ -181,6 +181,18 @@ TEST(RawContainer, APictureBeyondFourGigabytesIsFound) {
     EXPECT_EQ(container->pictures.front().range.offset, 0x100000000 | lowOffset);
 }
 
+TEST(RawContainer, AJpegLargerThanAnyCameraMakesIsNone) {
+    const TempFolder folder;
+    for (const std::uint32_t length : {200'000'000U, 200'000'001U}) {
+        const auto file =
+            writeRaw(folder.path(), RawKind::arw, {{jpegOfSize(300, 200), {}, length}});
+        fs::resize_file(file, 400'000'000);
+        const auto container = readRawContainer(FileBytes(file));
+        ASSERT_TRUE(container);
+        EXPECT_EQ(container->pictures.empty(), length > 200'000'000) << length;
+    }
+}
+
 TEST(RawContainer, ASizeOfSixteenExabytesIsNotBelieved) {
     std::string file = rawFile(RawKind::cr3, {{jpegOfSize(300, 200)}});
     const auto data = file.rfind("mdat");

@@ -257,6 +257,24 @@ std::string rawFile(RawKind kind, const std::vector<RawPreview>& previews,
     return writers[static_cast<std::size_t>(kind)](previews, options);
 }
 
+std::string pentaxDngFile(const std::string& jpeg) {
+    TiffBytes file(std::string("II\x2A\0\0\0\0\0", 8), false);
+    const auto notes = file.append(std::string("AOC\0II", 6));
+    const auto entries =
+        file.directory({TiffBytes::shorts(0x0002, {900, 600}), TiffBytes::longs(0x0003, {0}),
+                        TiffBytes::longs(0x0004, {0})},
+                       notes);
+    const auto at = file.append(jpeg);
+    file.setNumber(entries, 0x0003, static_cast<std::uint32_t>(jpeg.size()));
+    file.setNumber(entries, 0x0004, at);
+    const auto exif = file.directory({TiffBytes::undefinedAt(0x927C, notes, at - notes)});
+    file.setFirst(
+        file.directory({TiffBytes::ascii(0x010F, "PENTAX"),
+                        TiffBytes::ascii(0x0110, "PENTAX K-999"), TiffBytes::longs(0x8769, {exif}),
+                        TiffBytes::undefined(0xC612, std::string("\1\4\0\0", 4))}));
+    return file.bytes();
+}
+
 std::filesystem::path writeRaw(const std::filesystem::path& folder, RawKind kind,
                                const std::vector<RawPreview>& previews, const RawOptions& options) {
     const auto name = "IMG." + std::string(extensionOf(kind));

@@ -62,6 +62,9 @@ std::filesystem::path writeRaw(const std::filesystem::path& folder, RawKind kind
                                const std::vector<RawPreview>& previews,
                                const RawOptions& options = {});
 
+/// A DNG whose only JPEG stands in notes that our own reader doesn't know.
+std::string pentaxDngFile(const std::string& jpeg);
+
 /// For failure messages.
 std::ostream& operator<<(std::ostream& out, RawKind kind);
 
