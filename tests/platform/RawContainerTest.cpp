@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdio>
+#include <fstream>
 #include <string>
 #include <vector>
 
@@ -140,16 +140,25 @@ TEST(RawContainer, TheDataOfASensorAreNoPicture) {
     EXPECT_TRUE(container->pictures.empty());
 }
 
+/// Makes a file larger without taking room on a disk, and puts bytes behind its new end.
+void appendBehind(const fs::path& file, std::uint64_t end, const std::string& bytes) {
+    fs::resize_file(file, end);
+    std::ofstream(file, std::ios::binary | std::ios::app) << bytes;
+}
+
 TEST(RawContainer, ACr3LargerThanFourGigabytesIsRead) {
     const TempFolder folder;
-    const auto file = writeRaw(folder.path(), RawKind::cr3, {{jpegOfSize(300, 200)}});
-    // The last box, of the sensor's data, now claims what follows; none of it takes room on a disk.
-    const std::string whole = readFile(file);
-    const auto data = whole.rfind("mdat");
+    const std::string whole = rawFile(RawKind::cr3, {{jpegOfSize(300, 200)}});
+    const auto dataAt = whole.rfind("mdat") - 4;
+    constexpr std::size_t beforePreview = 36;
+    const auto previewAt = whole.rfind("PRVW") - beforePreview;
+    ASSERT_EQ(whole.substr(previewAt + 4, 4), "uuid");
+    // The sensor's data now come first, and the preview stands behind them.
     constexpr std::uint64_t fiveGigabytes = 5'000'000'000;
-    writeFile(file, whole.substr(0, data + 4) + numberBytes(fiveGigabytes, 8, true) +
-                        whole.substr(data + 12));
-    fs::resize_file(file, data - 4 + fiveGigabytes);
+    const std::string head = whole.substr(0, previewAt);
+    const auto file = writeFile(
+        folder / "a.cr3", head + whole.substr(dataAt, 8) + numberBytes(fiveGigabytes, 8, true));
+    appendBehind(file, head.size() + fiveGigabytes, whole.substr(previewAt, dataAt - previewAt));
     const CountedBytes bytes(file);
     const auto container = readRawContainer(bytes);
     ASSERT_TRUE(container);
@@ -168,13 +177,7 @@ TEST(RawContainer, APictureBeyondFourGigabytesIsFound) {
     const auto table = whole.find("co64");
     whole.replace(table + 12, 8, numberBytes(0x100000000 | lowOffset, 8, true));
     writeFile(file, whole);
-    fs::resize_file(file, 0x100000000 | lowOffset);
-    {
-        std::FILE* out = std::fopen(file.c_str(), "ab");
-        ASSERT_NE(out, nullptr);
-        ASSERT_EQ(std::fwrite(jpeg.data(), 1, jpeg.size(), out), jpeg.size());
-        std::fclose(out);
-    }
+    appendBehind(file, 0x100000000 | lowOffset, jpeg);
     const auto container = readRawContainer(FileBytes(file));
     ASSERT_TRUE(container);
     ASSERT_EQ(container->pictures.size(), 1U);
