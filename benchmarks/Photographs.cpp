@@ -14,8 +14,9 @@ namespace {
 constexpr int width = 6000;
 constexpr int height = 4000;
 
-/// Soft shapes with grain on them.
-Bitmap detailed() {
+}  // namespace
+
+Bitmap detailedScene(int width, int height) {
     std::uint32_t random = 1;
     return testing::painted(width, height, [random](int x, int y) mutable {
         random = random * 1664525U + 1013904223U;
@@ -29,12 +30,11 @@ Bitmap detailed() {
     });
 }
 
-}  // namespace
-
 Photographs::Photographs(std::size_t count) {
     const testing::Exif facts{
         .dateTimeOriginal = "2026:05:17 08:31:02", .position = std::pair(56.1, 10.2), .iso = 800};
-    const auto first = testing::writeJpeg(folder_ / "IMG_0.jpg", detailed(), {.exif = facts});
+    const auto first =
+        testing::writeJpeg(folder_ / "IMG_0.jpg", detailedScene(width, height), {.exif = facts});
     files_.push_back(first);
     while (files_.size() < count) {
         files_.push_back(folder_ / ("IMG_" + std::to_string(files_.size()) + ".jpg"));

@@ -7,9 +7,9 @@
 
 #include "media/PhotoDate.h"
 #include "media/PhotoQualityMeter.h"
+#include "media/RawPicture.h"
 #include "platform/BitmapTransforms.h"
 #include "platform/Paths.h"
-#include "platform/RawDeveloper.h"
 #include "platform/StillDecoder.h"
 
 namespace ornivo::ImageDecoder {
@@ -44,7 +44,7 @@ PhotoMetadata metadataFrom(const Properties& properties) {
 
 std::optional<DecodedImage> decodeRAW(const std::filesystem::path& file, int maxDimension,
                                       bool measureQuality) {
-    auto image = developRaw(file, maxDimension);
+    auto image = decodeRawPicture(file, maxDimension);
     if (!image) return std::nullopt;
     const Properties facts = properties(file);
     PhotoMetadata metadata = metadataFrom(facts);

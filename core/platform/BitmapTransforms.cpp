@@ -80,14 +80,18 @@ Bitmap scaled(const Bitmap& bitmap, int width, int height) {
     return *std::move(result);
 }
 
+Bitmap centrePart(const Bitmap& bitmap, PixelSize size) {
+    if (size == PixelSize{bitmap.width(), bitmap.height()}) return bitmap;
+    const int left = (bitmap.width() - size.width) / 2;
+    const int top = (bitmap.height() - size.height) / 2;
+    return rearranged(
+        bitmap, size, [left](int x, int) { return left + x; },
+        [top](int, int y) { return top + y; });
+}
+
 Bitmap centreSquare(const Bitmap& bitmap) {
     const int side = std::min(bitmap.width(), bitmap.height());
-    if (bitmap.width() == bitmap.height()) return bitmap;
-    const int left = (bitmap.width() - side) / 2;
-    const int top = (bitmap.height() - side) / 2;
-    return rearranged(
-        bitmap, {side, side}, [left](int x, int) { return left + x; },
-        [top](int, int y) { return top + y; });
+    return centrePart(bitmap, {side, side});
 }
 
 Bitmap upright(const Bitmap& bitmap, std::uint32_t orientation) {

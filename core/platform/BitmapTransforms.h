@@ -25,6 +25,9 @@ Bitmap downsampled(const Bitmap& bitmap, int maxDimension);
 /// grows; the same pixels when it has that size already. Raises `Error` when memory runs out.
 Bitmap scaled(const Bitmap& bitmap, int width, int height);
 
+/// A part from the middle, no larger than the bitmap; the same pixels when it is the whole.
+Bitmap centrePart(const Bitmap& bitmap, PixelSize size);
+
 /// The square of the shorter side from the middle.
 Bitmap centreSquare(const Bitmap& bitmap);
 

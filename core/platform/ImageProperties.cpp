@@ -7,15 +7,14 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <exiv2/exiv2.hpp>
-#include <exiv2/webpimage.hpp>
 #include <memory>
-#include <mutex>
 #include <nlohmann/json.hpp>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
+
+#include "platform/Exiv2Images.h"
 
 namespace ornivo {
 namespace {
@@ -24,29 +23,6 @@ using nlohmann::json;
 
 /// Longer lists are tables of picture data or a maker's own notes, no properties.
 constexpr std::size_t longestList = 64;
-
-/// The formats of the pictures that this program takes. Exiv2 reads others, clips among them, that
-/// can crash it.
-constexpr std::array formats{Exiv2::ImageType::jpeg, Exiv2::ImageType::png,  Exiv2::ImageType::tiff,
-                             Exiv2::ImageType::webp, Exiv2::ImageType::bmff, Exiv2::ImageType::cr2,
-                             Exiv2::ImageType::nef,  Exiv2::ImageType::arw,  Exiv2::ImageType::dng,
-                             Exiv2::ImageType::orf,  Exiv2::ImageType::rw2};
-
-void lockXmp(void* mutex, bool lock) {
-    auto& xmp = *static_cast<std::recursive_mutex*>(mutex);
-    lock ? xmp.lock() : xmp.unlock();
-}
-
-/// What Exiv2 needs before several threads may use it.
-void startExiv2() {
-    static std::recursive_mutex xmp;
-    static const bool started = [] {
-        Exiv2::LogMsg::setLevel(Exiv2::LogMsg::mute);
-        Exiv2::enableBMFF(true);
-        return Exiv2::XmpParser::initialize(lockXmp, &xmp);
-    }();
-    (void)started;
-}
 
 std::string validText(std::string_view text) {
     const std::size_t end = std::min(text.find('\0'), text.size());
@@ -160,16 +136,6 @@ void completeExifGroup(json& properties) {
     }
 }
 
-/// Whether the headers hold no fault; what was read before one stands in the image all the same.
-bool readsToItsEnd(Exiv2::Image& image) {
-    try {
-        image.readMetadata();
-        return true;
-    } catch (const std::exception&) {
-        return false;
-    }
-}
-
 json propertiesOf(const Exiv2::ExifData& exif) {
     json properties = json::object();
     for (const auto& datum : exif) addProperty(datum, properties);
@@ -184,16 +150,9 @@ json propertiesOf(const Exiv2::ExifData& exif) {
 }  // namespace
 
 std::optional<ImageProperties> readImageProperties(const std::filesystem::path& file) {
-    std::error_code ignored;
-    if (!std::filesystem::is_regular_file(file, ignored)) return std::nullopt;
-    startExiv2();
+    const auto image = readExiv2Image(file);
+    if (!image) return std::nullopt;
     try {
-        // Made absolute, because Exiv2 takes some relative paths for addresses on a network.
-        const auto image =
-            Exiv2::ImageFactory::open(std::filesystem::absolute(file).string(), false);
-        if (std::ranges::find(formats, image->imageType()) == formats.end()) return std::nullopt;
-        const bool isWhole = readsToItsEnd(*image);
-        if (!isWhole && image->exifData().empty()) return std::nullopt;
         return propertiesOf(image->exifData());
     } catch (const std::exception&) {
         return std::nullopt;

@@ -1,12 +1,17 @@
 #include "platform/RawDeveloper.h"
 
+#include <glib.h>
 #include <libraw/libraw.h>
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <set>
 #include <span>
+#include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/BitmapTransforms.h"
@@ -69,6 +74,47 @@ private:
     std::size_t missing_ = 0;
 };
 
+/// A camera's name without what is written differently from place to place.
+std::string plain(std::string_view name) {
+    std::string letters;
+    for (const char letter : name) {
+        if (g_ascii_isalnum(letter)) letters.push_back(g_ascii_tolower(letter));
+    }
+    return letters;
+}
+
+/// The library's list of cameras, without the other names that some are sold under.
+const std::set<std::string, std::less<>>& knownCameras() {
+    static const auto cameras = [] {
+        std::set<std::string, std::less<>> names;
+        for (const char* const* camera = LibRaw::cameraList(); *camera; ++camera) {
+            const std::string_view entry(*camera);
+            const std::size_t end = std::min(entry.find(" / "), entry.find(" ("));
+            names.insert(plain(entry.substr(0, end)));
+        }
+        return names;
+    }();
+    return cameras;
+}
+
+bool isKnown(const libraw_iparams_t& camera) {
+    return std::ranges::any_of(std::array{camera.model, camera.normalized_model}, [&](auto model) {
+        return knownCameras().contains(plain(std::string(camera.make) + model));
+    });
+}
+
+/// Whether the camera's colours and borders are known: told by a DNG, or in the library's tables.
+/// A camera that it doesn't know gets those of one whose name begins alike: a cast, and black
+/// edges.
+bool knowsCamera(const LibRaw& raw) {
+    const auto& colour = raw.imgdata.color;
+    if (raw.imgdata.idata.colors == 1) return true;
+    const auto isSet = [](float value) { return value != 0; };
+    const bool hasColours = std::ranges::any_of(colour.cam_xyz[0], isSet) ||
+                            std::ranges::any_of(colour.dng_color[0].colormatrix[0], isSet);
+    return hasColours && (raw.imgdata.idata.dng_version != 0 || isKnown(raw.imgdata.idata));
+}
+
 void configure(LibRaw& raw, int maxDimension) {
     libraw_output_params_t& parameters = raw.imgdata.params;
     parameters.use_camera_wb = 1;
@@ -113,6 +159,7 @@ std::optional<Bitmap> developRaw(const fs::path& file, int maxDimension) {
     raw->set_dataerror_handler(
         [](void* damaged, const char*, auto) { *static_cast<bool*>(damaged) = true; }, &isDamaged);
     if (raw->open_datastream(&data) != LIBRAW_SUCCESS) return std::nullopt;
+    if (!knowsCamera(*raw)) return std::nullopt;
     configure(*raw, maxDimension);
     data.beginPicture();
     if (raw->unpack() != LIBRAW_SUCCESS || isDamaged) return std::nullopt;

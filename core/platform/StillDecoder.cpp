@@ -128,6 +128,16 @@ VipsImageHandle inThreeBands(VipsImageHandle image) {
     return vipsStep(vips_cast_uchar, vipsStep(vips_extract_band, image, 0, "n", Bitmap::channels));
 }
 
+/// The image with a profile, unless it brings its own.
+VipsImageHandle withProfile(const VipsImageHandle& image, std::span<const std::uint8_t> profile) {
+    // Metadata may only be set on an image that nobody else holds.
+    auto own = vipsStep(vips_copy, image);
+    const bool hasOwn = own && vips_image_get_typeof(own.get(), VIPS_META_ICC_NAME) != 0;
+    if (!own || hasOwn || profile.empty()) return own;
+    vips_image_set_blob_copy(own.get(), VIPS_META_ICC_NAME, profile.data(), profile.size());
+    return own;
+}
+
 }  // namespace
 
 std::optional<DecodedStill> decodeStill(const fs::path& file, std::optional<int> maxDimension) {
@@ -149,6 +159,20 @@ std::optional<DecodedStill> decodeStill(const fs::path& file, std::optional<int>
     auto bitmap = rendered(inThreeBands(inSrgb(resized(flattened(std::move(image)), wanted))));
     if (!bitmap) return std::nullopt;
     return DecodedStill{*std::move(bitmap), *format == StillFormat::heic};
+}
+
+std::optional<Bitmap> decodeJpeg(std::span<const std::uint8_t> jpeg, int maxDimension,
+                                 std::span<const std::uint8_t> profile) {
+    if (jpeg.empty()) return std::nullopt;
+    startVips();
+    const Source source(vips_source_new_from_memory(jpeg.data(), jpeg.size()));
+    auto image = openedJpeg(source, 1);
+    if (!image || !isWithinLimits(image, StillFormat::jpeg)) return std::nullopt;
+    const PixelSize full = sizeOf(image);
+    const PixelSize wanted = reducedSize(full, maxDimension);
+    const int shrink = shrinkWhileDecoding(full, wanted);
+    if (shrink > 1) image = openedJpeg(source, shrink);
+    return rendered(inThreeBands(inSrgb(resized(withProfile(image, profile), wanted))));
 }
 
 }  // namespace ornivo

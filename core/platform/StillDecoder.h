@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <optional>
+#include <span>
 
 #include "platform/Bitmap.h"
 
@@ -26,5 +28,12 @@ struct DecodedStill {
 /// camera makes. May be called from any thread.
 std::optional<DecodedStill> decodeStill(const std::filesystem::path& file,
                                         std::optional<int> maxDimension);
+
+/// Decodes a JPEG in memory into sRGB, reduced as `decodeStill` does and not turned. Its colours
+/// are those of the profile within it, else those of `profile`, else sRGB. `profile` may be empty.
+///
+/// Absent when it is no JPEG, is cut short, or is larger than any camera makes.
+std::optional<Bitmap> decodeJpeg(std::span<const std::uint8_t> jpeg, int maxDimension,
+                                 std::span<const std::uint8_t> profile);
 
 }  // namespace ornivo

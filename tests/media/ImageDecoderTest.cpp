@@ -8,6 +8,7 @@
 #include <string>
 
 #include "support/Pictures.h"
+#include "support/RawFiles.h"
 #include "support/TempFolder.h"
 
 namespace ornivo::testing {
@@ -143,6 +144,37 @@ TEST(ImageDecoder, ARawFileShotInPortraitArrivesUpright) {
     EXPECT_EQ(decoded->metadata.captureDate, "2024-05-17");
     EXPECT_EQ(decoded->metadata.captureSecond, 1715933553);
     EXPECT_EQ(decoded->metadata.location, PhotoLocation::make(47.5, 8.25));
+}
+
+TEST(ImageDecoder, ARawFileShowsWhatTheCameraDeveloped) {
+    const TempFolder folder;
+    const std::string jpeg =
+        jpegOf(quarters(810, 540),
+               {.exif = {.orientation = 3, .dateTimeOriginal = "1999:01:01 00:00:00"}});
+    for (const RawKind kind : allRawKinds) {
+        const RawOptions options{.orientation = 6, .dateTimeOriginal = "2024:05:17 08:12:33"};
+        const auto decoded = decode(writeRaw(folder.path(), kind, {{jpeg}}, options));
+        ASSERT_TRUE(decoded) << kind;
+        EXPECT_EQ(decoded->image.width(), 427) << kind;
+        EXPECT_EQ(decoded->image.height(), 640) << kind;
+        EXPECT_TRUE(isNear(at(decoded->image, 100, 100), {0, 0, 255}, 2 * tolerance)) << kind;
+        EXPECT_EQ(decoded->metadata.orientation, 1U) << kind;
+        EXPECT_EQ(decoded->metadata.captureDate, "2024-05-17") << kind;
+    }
+}
+
+TEST(ImageDecoder, QualityOfARawFileIsMeasuredOnTheReducedPicture) {
+    const TempFolder folder;
+    // Stripes so fine that the reduced picture is an even grey.
+    const auto stripes = painted(810, 540, [](int x, int) {
+        return x / 2 % 2 == 0 ? Colour{255, 255, 255} : Colour{0, 0, 0};
+    });
+    const auto file = writeRaw(folder.path(), RawKind::cr3, {{jpegOf(stripes)}});
+    const auto decoded = ImageDecoder::decode(file, 100, true);
+    ASSERT_TRUE(decoded && decoded->metadata.quality);
+    EXPECT_EQ(decoded->image.width(), 100);
+    EXPECT_LT(decoded->metadata.quality->sharpness, 0.01);
+    EXPECT_NEAR(decoded->metadata.quality->meanLuminance, 0.5, 0.05);
 }
 
 TEST(ImageDecoder, QualityIsAbsentUnlessAskedForOnBothRoads) {

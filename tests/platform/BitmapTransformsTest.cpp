@@ -108,6 +108,18 @@ TEST(BitmapTransforms, TheCentreSquareOfASquareKeepsThePixels) {
     EXPECT_TRUE(centreSquare(bitmap).sharesPixelsWith(bitmap));
 }
 
+TEST(BitmapTransforms, AnyPartComesFromTheMiddle) {
+    const Bitmap whole = painted(9, 10, [](int x, int y) {
+        return Colour{static_cast<std::uint8_t>(x), static_cast<std::uint8_t>(y), 0};
+    });
+    const Bitmap part = centrePart(whole, {5, 2});
+    EXPECT_EQ(part.width(), 5);
+    EXPECT_EQ(part.height(), 2);
+    EXPECT_EQ(at(part, 0, 0), (Colour{2, 4, 0}));
+    EXPECT_EQ(at(part, 4, 1), (Colour{6, 5, 0}));
+    EXPECT_TRUE(centrePart(whole, {9, 10}).sharesPixelsWith(whole));
+}
+
 struct TurnCase {
     std::uint32_t orientation;
     PixelSize size;

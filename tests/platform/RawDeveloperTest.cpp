@@ -4,6 +4,8 @@
 
 #include <array>
 #include <future>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/BitmapTransforms.h"
@@ -74,6 +76,25 @@ TEST(RawDeveloper, SensorDataCutShortIsAbsent) {
         const auto file = writeDng(folder / "a.dng", quarters(256, 192), {.dataKept = kept});
         EXPECT_FALSE(developRaw(file, 64)) << kept;
     }
+}
+
+TEST(RawDeveloper, ACameraWhoseColoursNobodyKnowsIsAbsent) {
+    const TempFolder folder;
+    EXPECT_FALSE(
+        developRaw(writeDng(folder / "a.dng", quarters(256, 192), {.tellsColours = false}), 64));
+}
+
+TEST(RawDeveloper, ACameraThatTheDeveloperDoesNotKnowIsAbsent) {
+    const TempFolder folder;
+    const auto developed = [&](const std::string& make, const std::string& model) {
+        const DngOptions options{.camera = std::pair(make, model)};
+        return developRaw(writeDng(folder / "a.nef", quarters(256, 192), options), 64);
+    };
+    EXPECT_TRUE(developed("Canon", "Canon EOS R"));
+    // Their names begin with that of one that is known.
+    EXPECT_FALSE(developed("Canon", "Canon EOS R7"));
+    EXPECT_FALSE(developed("Canon", "Canon EOS R999"));
+    EXPECT_FALSE(developed("Ornivo", "Test Camera"));
 }
 
 TEST(RawDeveloper, WhatIsNoRawFileIsAbsent) {

@@ -271,6 +271,36 @@ TEST(StillDecoder, AnOrientationIsNotApplied) {
     }
 }
 
+std::vector<std::uint8_t> bytesIn(const std::string& text) {
+    return {text.begin(), text.end()};
+}
+
+TEST(StillDecoder, AJpegInMemoryDecodesAsOneInAFile) {
+    const TempFolder folder;
+    const auto file =
+        writeJpeg(folder / "a.jpg", quarters(3000, 2000), {.exif = {.orientation = 6}});
+    const auto inFile = decodeStill(file, 640);
+    const auto inMemory = decodeJpeg(bytesIn(readFile(file)), 640, {});
+    ASSERT_TRUE(inFile && inMemory);
+    EXPECT_TRUE(std::ranges::equal(inFile->bitmap.pixels(), inMemory->pixels()));
+    EXPECT_EQ(inMemory->width(), 640);
+}
+
+TEST(StillDecoder, AJpegInMemoryThatIsCutShortIsAbsent) {
+    const auto whole = bytesIn(jpegOf(quarters(900, 600)));
+    for (const std::size_t kept : {std::size_t{0}, std::size_t{2}, whole.size() / 2}) {
+        EXPECT_FALSE(decodeJpeg(std::span(whole).first(kept), 640, {})) << kept;
+    }
+    EXPECT_FALSE(decodeJpeg(bytesIn("These are words.\n"), 640, {}));
+}
+
+TEST(StillDecoder, AProfileThatIsNoneIsPassedOver) {
+    const auto picture =
+        decodeJpeg(bytesIn(jpegOf(quarters(900, 600))), 640, bytesIn("no profile"));
+    ASSERT_TRUE(picture);
+    EXPECT_TRUE(isNear(at(*picture, 10, 10), {255, 0, 0}, tolerance));
+}
+
 TEST(StillDecoder, SeveralThreadsGetWhatOneGets) {
     const TempFolder folder;
     const std::vector<fs::path> files{writeJpeg(folder / "a.jpg", quarters(900, 600)),

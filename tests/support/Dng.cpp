@@ -40,7 +40,7 @@ std::string mosaic(const Bitmap& bitmap) {
 }
 
 /// The tags that tell a developer how to read the mosaic. The camera sees as sRGB does.
-TiffDirectory sensorTags(TiffDirectory first, const Bitmap& bitmap) {
+TiffDirectory sensorTags(TiffDirectory first, const Bitmap& bitmap, const DngOptions& options) {
     constexpr std::uint16_t colourFilterArray = 32803;
     constexpr std::uint16_t daylight = 21;
     first.longs(254, {0})
@@ -49,35 +49,36 @@ TiffDirectory sensorTags(TiffDirectory first, const Bitmap& bitmap) {
         .shorts(258, {16})
         .shorts(259, {1})
         .shorts(262, {colourFilterArray})
-        .ascii(271, "Ornivo")
-        .ascii(272, "Test Camera")
+        .ascii(271, options.camera ? options.camera->first : "Ornivo")
+        .ascii(272, options.camera ? options.camera->second : "Test Camera")
         .shorts(277, {1})
         .longs(278, {static_cast<std::uint32_t>(bitmap.height())})
         .shorts(284, {1})
         .shorts(33421, {2, 2})
-        .bytes(33422, std::string("\0\1\1\2", 4))
-        .bytes(50706, std::string("\1\4\0\0", 4))
+        .bytes(33422, std::string("\0\1\1\2", 4));
+    if (options.camera) return first;
+    first.bytes(50706, std::string("\1\4\0\0", 4))
         .ascii(50708, "Ornivo Test Camera")
         .longs(50717, {whiteLevel})
-        .signedRationals(50721, {{32406, 10000},
-                                 {-15372, 10000},
-                                 {-4986, 10000},
-                                 {-9689, 10000},
-                                 {18758, 10000},
-                                 {415, 10000},
-                                 {557, 10000},
-                                 {-2040, 10000},
-                                 {10570, 10000}})
         .rationals(50728, {{1, 1}, {1, 1}, {1, 1}})
         .shorts(50778, {daylight});
-    return first;
+    if (!options.tellsColours) return first;
+    return first.signedRationals(50721, {{32406, 10000},
+                                         {-15372, 10000},
+                                         {-4986, 10000},
+                                         {-9689, 10000},
+                                         {18758, 10000},
+                                         {415, 10000},
+                                         {557, 10000},
+                                         {-2040, 10000},
+                                         {10570, 10000}});
 }
 
 }  // namespace
 
 std::filesystem::path writeDng(const std::filesystem::path& path, const Bitmap& bitmap,
                                const DngOptions& options) {
-    TiffDirectory first = sensorTags(options.exif.directory(), bitmap);
+    TiffDirectory first = sensorTags(options.exif.directory(), bitmap, options);
     const std::string file = first.strip(mosaic(bitmap)).file();
     const auto missing = static_cast<std::size_t>(
         std::lround((1 - options.dataKept) * bitmap.width() * bitmap.height() * 2));

@@ -75,10 +75,11 @@ std::string jpegInDisplayP3(const Bitmap& bitmap) {
 
 std::string jpegBytes(const Bitmap& bitmap, JpegKind kind) {
     if (kind == JpegKind::displayP3) return jpegInDisplayP3(bitmap);
+    const int quality = kind == JpegKind::asPreview ? 80 : 95;
     const auto space = kind == JpegKind::grey   ? VIPS_INTERPRETATION_B_W
                        : kind == JpegKind::cmyk ? VIPS_INTERPRETATION_CMYK
                                                 : VIPS_INTERPRETATION_sRGB;
-    return saved(vips_jpegsave_buffer, made(vips_colourspace, wrapped(bitmap), space), "Q", 95,
+    return saved(vips_jpegsave_buffer, made(vips_colourspace, wrapped(bitmap), space), "Q", quality,
                  "strip", TRUE, "interlace", kind == JpegKind::progressive ? TRUE : FALSE);
 }
 
@@ -114,6 +115,14 @@ std::string tile(const Bitmap& bitmap, std::size_t channel, TileArea area) {
     return values;
 }
 
+/// Of one colour each: top left, top right, bottom left, bottom right.
+Bitmap inQuarters(int width, int height, const std::array<Colour, 4>& colours) {
+    return painted(width, height, [=](int x, int y) {
+        const std::size_t row = y < height / 2 ? 0 : 2;
+        return colours[row + (x < width / 2 ? 0 : 1)];
+    });
+}
+
 std::string heicBytes(const Bitmap& bitmap) {
     return saved(vips_heifsave_buffer, wrapped(bitmap), "Q", 95, "compression",
                  VIPS_FOREIGN_HEIF_COMPRESSION_HEVC);
@@ -139,11 +148,11 @@ Bitmap painted(int width, int height, const std::function<Colour(int, int)>& col
 }
 
 Bitmap quarters(int width, int height) {
-    return painted(width, height, [=](int x, int y) -> Colour {
-        const bool left = x < width / 2;
-        if (y < height / 2) return left ? Colour{255, 0, 0} : Colour{0, 255, 0};
-        return left ? Colour{0, 0, 255} : Colour{255, 255, 255};
-    });
+    return inQuarters(width, height, {{{255, 0, 0}, {0, 255, 0}, {0, 0, 255}, {255, 255, 255}}});
+}
+
+Bitmap quartersInAdobeRGB(int width, int height) {
+    return inQuarters(width, height, {{{219, 0, 0}, {144, 255, 60}, {0, 0, 250}, {255, 255, 255}}});
 }
 
 bool isNear(Colour a, Colour b, int tolerance) {
@@ -167,8 +176,12 @@ fs::path writeJpeg(const fs::path& path, int width, int height, const JpegOption
     return writeJpeg(path, filled(width, height, options.colour), options);
 }
 
+std::string jpegOf(const Bitmap& bitmap, const JpegOptions& options) {
+    return withTags(jpegBytes(bitmap, options.kind), options.exif.directory());
+}
+
 fs::path writeJpeg(const fs::path& path, const Bitmap& bitmap, const JpegOptions& options) {
-    return writeFile(path, withTags(jpegBytes(bitmap, options.kind), options.exif.directory()));
+    return writeFile(path, jpegOf(bitmap, options));
 }
 
 fs::path writeJpegWithTags(const fs::path& path, int width, int height, const TiffDirectory& tags) {

@@ -3,7 +3,10 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <ostream>
+#include <string>
+#include <utility>
 
 #include "platform/Bitmap.h"
 #include "support/Exif.h"
@@ -29,6 +32,9 @@ Bitmap painted(int width, int height, const std::function<Colour(int, int)>& col
 /// green, bottom left blue, bottom right white.
 Bitmap quarters(int width, int height);
 
+/// The same colours as `quarters` has in sRGB, in the numbers of Adobe RGB.
+Bitmap quartersInAdobeRGB(int width, int height);
+
 /// Whether two colours differ by at most `tolerance` in each channel.
 bool isNear(Colour a, Colour b, int tolerance);
 
@@ -37,8 +43,9 @@ std::ostream& operator<<(std::ostream& out, Colour colour);
 /// The pixel at a place.
 Colour at(const Bitmap& bitmap, int x, int y);
 
-/// `displayP3` holds the same colours under a colour profile of its own.
-enum class JpegKind { colour, progressive, grey, cmyk, displayP3 };
+/// `displayP3` holds the same colours under a colour profile of its own; `asPreview` is compressed
+/// as cameras compress what they put into RAW files.
+enum class JpegKind { colour, progressive, grey, cmyk, displayP3, asPreview };
 
 struct JpegOptions {
     Exif exif = {};
@@ -46,6 +53,9 @@ struct JpegOptions {
     /// For a picture of one colour.
     Colour colour = {};
 };
+
+/// The bytes of a JPEG.
+std::string jpegOf(const Bitmap& bitmap, const JpegOptions& options = {});
 
 /// A JPEG of one colour.
 std::filesystem::path writeJpeg(const std::filesystem::path& path, int width, int height,
@@ -84,6 +94,11 @@ struct DngOptions {
     Exif exif = {};
     /// The share of the sensor's data that is there; less than 1 is a transfer that broke off.
     double dataKept = 1;
+    /// Without its colours a developer can only guess what the camera saw.
+    bool tellsColours = true;
+    /// Maker and model of a file that is no DNG but a camera's own, of which a developer has to
+    /// know everything else.
+    std::optional<std::pair<std::string, std::string>> camera = {};
 };
 
 /// A camera's RAW file that develops: the bitmap, as seen through a Bayer filter, as 16-bit linear

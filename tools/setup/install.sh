@@ -12,7 +12,8 @@ readonly playwright=build/deps/playwright-core
 packages=(
     ccache cmake g++ ninja-build pkg-config
     libavcodec-dev libavformat-dev libavutil-dev libcli11-dev libexiv2-dev libglib2.0-dev
-    libicu-dev libraw-dev libssl-dev libswscale-dev libtiff-dev libvips-dev nlohmann-json3-dev
+    libicu-dev liblcms2-dev libraw-dev libssl-dev libswscale-dev libtiff-dev libvips-dev
+    nlohmann-json3-dev
 )
 # The window.
 packages+=(
