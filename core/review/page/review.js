@@ -74,6 +74,7 @@ function fallBack(media) {
     image.src = standIn;
     media.replaceWith(image);
     if (media.tagName !== 'VIDEO') return;
+    frame.classList.add('still');
     note.textContent = 'This browser can’t play the clip. Here is a picture from it.';
   } else {
     frame.classList.add('bare');
