@@ -5,6 +5,7 @@
 #include "app/AppStore.h"
 #include "app/FolderUrl.h"
 #include "platform/Paths.h"
+#include "review/Poster.h"
 
 namespace ornivo::app {
 namespace {
@@ -120,7 +121,8 @@ void AppStore::open(const std::vector<fs::path>& folders) {
 void AppStore::updateSpaceEstimate() {
     spaceEstimate_.reset();
     if (source_ && sink_ && scanRefusal_.isEmpty() && scannedBytes_ >= 1) {
-        spaceEstimate_ = services_.estimate(scannedBytes_, *source_, *sink_);
+        const std::int64_t posters = scan_ ? Poster::roomFor(scan_->paths) : 0;
+        spaceEstimate_ = services_.estimate(scannedBytes_ + posters, *source_, *sink_);
     }
     Q_EMIT spaceEstimateChanged();
 }

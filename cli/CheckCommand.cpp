@@ -15,6 +15,7 @@
 #include "media/PhotoLocationSurveyor.h"
 #include "media/SpaceEstimator.h"
 #include "platform/FileSizeText.h"
+#include "review/Poster.h"
 
 namespace ornivo::cli {
 
@@ -73,7 +74,8 @@ Findings look(const std::string& source, const std::optional<std::string>& desti
     if (!destination) return findings;
     findings.destination = folders.destination;
     if (findings.bytes < 1) return findings;
-    findings.space = SpaceEstimator::estimate(findings.bytes, folders.source, folders.destination);
+    findings.space = SpaceEstimator::estimate(findings.bytes + Poster::roomFor(findings.files),
+                                              folders.source, folders.destination);
     return findings;
 }
 

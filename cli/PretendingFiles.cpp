@@ -142,6 +142,13 @@ std::optional<fs::path> PretendingFiles::trash(const fs::path& path) {
     return std::nullopt;
 }
 
+void PretendingFiles::create(const fs::path& path, std::string_view bytes) {
+    const std::lock_guard lock(mutex_);
+    if (isThere(path)) throw fileError(path, "written", EEXIST);
+    requireWritable(path.parent_path(), path, "written");
+    write(path, std::string(bytes));
+}
+
 void PretendingFiles::replaceContents(const fs::path& path, std::string_view bytes) {
     const std::lock_guard lock(mutex_);
     requireWritable(path.parent_path(), path, "written");

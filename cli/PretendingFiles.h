@@ -36,6 +36,7 @@ public:
     void move(const std::filesystem::path& from, const std::filesystem::path& to) override;
     void remove(const std::filesystem::path& path) override;
     std::optional<std::filesystem::path> trash(const std::filesystem::path& path) override;
+    void create(const std::filesystem::path& path, std::string_view bytes) override;
     void replaceContents(const std::filesystem::path& path, std::string_view bytes) override;
     std::unique_ptr<AppendingFile> openForAppending(const std::filesystem::path& path) override;
     std::unique_ptr<KeptRoom> keepRoom(const std::filesystem::path& folder,

@@ -49,13 +49,16 @@ std::vector<std::string> SortEngine::place(const fs::path& source,
     const fs::path dest = resolveCollision(target / newName);
     std::vector<std::string> warnings = placeFile(source, dest, options);
     lastPlacedURL_ = dest;
+    lastPlacedPartners_.clear();
 
     const std::string stem = deletingPathExtension(lastPathComponent(dest));
     for (const fs::path& partner : shotPartners) {
         const std::string name = lastPathComponent(partner);
         const std::string partnerName = isRenaming ? stem + "." + pathExtension(name) : name;
         try {
-            append(warnings, placeFile(partner, resolveCollision(target / partnerName), options));
+            const fs::path partnerDest = resolveCollision(target / partnerName);
+            append(warnings, placeFile(partner, partnerDest, options));
+            lastPlacedPartners_.push_back(partnerDest);
         } catch (const std::exception& error) {
             warnings.push_back("Filed " + shownName(source) + " but not " + shownName(partner) +
                                ": " + error.what());

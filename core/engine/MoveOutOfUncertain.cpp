@@ -5,6 +5,7 @@
 #include "media/LyingShot.h"
 #include "media/Shots.h"
 #include "platform/Paths.h"
+#include "review/PosterFolder.h"
 
 namespace ornivo {
 
@@ -18,6 +19,7 @@ bool SortEngine::moveOutOfUncertain(const fs::path& from, const fs::path& baseDe
 
     const LyingShot shot = shotLyingAt(from);
     shot.moveTo(target, *files_);
+    PosterFolder(shot.folder, *files_).remove(shot);
     if (!shot.leader.companions.empty()) sidecarIndex_.forget(shot.folder);
     return true;
 }

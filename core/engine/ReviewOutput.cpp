@@ -1,10 +1,15 @@
+#include <algorithm>
 #include <chrono>
 #include <cstddef>
 #include <exception>
+#include <set>
 
 #include "engine/SortEngine.h"
 #include "identification/BirdClassifierLabels.h"
 #include "platform/Numbers.h"
+#include "platform/Paths.h"
+#include "review/Poster.h"
+#include "review/PosterFolder.h"
 
 namespace ornivo {
 namespace {
@@ -42,6 +47,23 @@ void SortEngine::appendReviewRow(const fs::path& baseDest, const std::string& fi
     reviewCSVHandle_->write(csvRow(fileName, species));
 }
 
+void SortEngine::keepStandIn(const std::optional<std::string>& poster) {
+    ReviewPage::Row& row = reviewRows_.back();
+    if (Poster::isShownPicture(row.fileName)) return;
+    const auto shown = std::ranges::find_if(lastPlacedPartners_, Poster::isShownPicture);
+    if (shown != lastPlacedPartners_.end()) {
+        row.standIn = lastPathComponent(*shown);
+        return;
+    }
+    if (!poster) return;
+    try {
+        PosterFolder(lastPlacedURL_->parent_path(), *files_).write(row.fileName, *poster);
+        row.standIn = PosterFolder::pathFor(row.fileName);
+    } catch (const std::exception&) {
+        // The page says that there is no picture.
+    }
+}
+
 void SortEngine::writeReviewPage(const fs::path& baseDest, double gate) {
     if (reviewRows_.empty()) return;
     const fs::path folder = baseDest / uncertainFolderName;
@@ -49,6 +71,10 @@ void SortEngine::writeReviewPage(const fs::path& baseDest, double gate) {
     try {
         files_->createDirectories(folder);
         files_->replaceContents(folder / reviewPageName, ReviewPage::html(reviewRows_, gate, now));
+        // The page before has gone, and what only it showed.
+        std::set<std::string> shown;
+        for (const ReviewPage::Row& row : reviewRows_) shown.insert(row.standIn);
+        PosterFolder(folder, *files_).removeAllBut(shown);
     } catch (const std::exception&) {
         // The page is a convenience: the shots lie where they belong, and the list names them.
     }

@@ -12,6 +12,8 @@
 #include "identification/CallLevel.h"
 #include "platform/Paths.h"
 #include "platform/Text.h"
+#include "review/Poster.h"
+#include "review/PosterFolder.h"
 
 namespace ornivo {
 namespace {
@@ -46,7 +48,11 @@ constexpr std::uint64_t overheadOfFile = 64 << 10;
 /// What one more shot adds to the review page, with something to spare: its name and three guesses.
 std::uint64_t bytesOfCard(std::string_view fileName) {
     constexpr std::uint64_t guesses = 320;
-    return fileName.size() + guesses;
+    // A byte of its address takes up to three.
+    const std::uint64_t standIn = Poster::isShownPicture(fileName)
+                                      ? 0
+                                      : PosterFolder::pathFor({}).size() + 3 * fileName.size();
+    return fileName.size() + guesses + standIn;
 }
 
 bool isAllowed(BurstResolver::Kind kind, BurstInheritance inheritance) {

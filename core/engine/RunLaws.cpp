@@ -7,8 +7,10 @@
 #include <map>
 
 #include "engine/PausedRun.h"
+#include "platform/Error.h"
 #include "platform/Paths.h"
 #include "platform/Text.h"
+#include "review/PosterFolder.h"
 
 namespace ornivo {
 namespace {
@@ -57,6 +59,9 @@ RunLaws::RunLaws(AuditedFiles& files, const SortEngine::RunInput& input,
       findBefore_(find),
       before_(snapshotOf(input.destination)) {
     files_.closeAccount();
+    for (const auto& [file, stamp] : before_) {
+        if (isPosterNow(file)) postersBefore_.insert(file);
+    }
     for (const fs::path& path : input.paths) {
         if (lengthOf(path)) sourcesBefore_.insert(standardized(path));
     }
@@ -142,6 +147,8 @@ void RunLaws::judgeEarlierFiles(Evidence& evidence) const {
             evidence.report(file, "was not only added to");
         }
         if (isOurs(file) || evidence.trashed.contains(file)) continue;
+        const bool mayGo = postersBefore_.contains(file);
+        if (mayGo && (!lengthOf(file) || isPosterNow(file))) continue;
         if (stampOf(evidence.whereabouts(file)) != stamp) {
             evidence.report(file, "was there before, and has changed or gone");
         }
@@ -177,7 +184,20 @@ void RunLaws::judgeNewFiles(Evidence& evidence) const {
     for (const auto& move : evidence.account.moves) placed.insert(move.to);
     for (const auto& [file, stamp] : snapshotOf(input_.destination)) {
         if (before_.contains(file) || isOurs(file) || placed.contains(file)) continue;
+        if (isPosterNow(file)) continue;
         evidence.report(file, "was left behind");
+    }
+}
+
+/// A poster proves by its own contents that it is whole, and nobody else's.
+bool RunLaws::isPosterNow(const fs::path& file) const {
+    const fs::path folder =
+        standardized(input_.destination) / SortEngine::uncertainFolderName / PosterFolder::name;
+    if (file.parent_path() != folder) return false;
+    try {
+        return PosterFolder::isPoster(Files::system()->read(file));
+    } catch (const Error&) {
+        return false;
     }
 }
 

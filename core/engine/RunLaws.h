@@ -14,7 +14,8 @@ namespace ornivo {
 /// The laws that hold for every run, however it ends:
 ///
 /// 1. Every file taken is accounted for: filed, left alone for a stated reason, or an error.
-/// 2. What was in the destination before is unchanged, but for the files that a run keeps there.
+/// 2. What was in the destination before is unchanged, but for the files that a run keeps there:
+///    the list, the page, the record, and posters that tell by a digest that they are the system's.
 /// 3. A source is gone only if its copy stands, complete and flushed.
 /// 4. A file under a final name is complete, and nothing else was left behind.
 ///
@@ -52,6 +53,7 @@ private:
     void judgeCopies(Evidence& evidence) const;
     void judgeNewFiles(Evidence& evidence) const;
     bool isOurs(const std::filesystem::path& file) const;
+    bool isPosterNow(const std::filesystem::path& file) const;
 
     AuditedFiles& files_;
     const SortEngine::RunInput& input_;
@@ -59,6 +61,8 @@ private:
     SortResult sortBefore_;
     FindResult findBefore_;
     FolderSnapshot before_;
+    /// The pictures of the review page that were there before: the system's own, which may go.
+    std::set<std::filesystem::path> postersBefore_;
     std::set<std::filesystem::path> sourcesBefore_;
 };
 

@@ -10,9 +10,12 @@
 #include "engine/Warnings.h"
 #include "identification/BirdClassifierLabels.h"
 #include "platform/Paths.h"
+#include "review/Poster.h"
 
 namespace ornivo {
 namespace {
+
+namespace fs = std::filesystem;
 
 constexpr const char* lowConfidenceNotice = "Low confidence — review _Uncertain/";
 
@@ -99,8 +102,8 @@ void SortEngine::forgetPastRun() {
 
 StopReason SortEngine::takeFiles(Run& run) {
     const std::vector<std::size_t> leaders = run.leaders();
-    LookAhead<ClassifiedShot> ahead(leaders.size(), workers_, [&](std::size_t number) {
-        return classifyShot(run.shot(leaders[number]), run.input.options.assumedLocation);
+    LookAhead<PreparedShot> ahead(leaders.size(), workers_, [&](std::size_t number) {
+        return prepare(run, leaders[number]);
     });
     for (std::size_t i = run.input.startIndex; i < run.input.paths.size(); ++i) {
         if (!jobController_->check(run.stop)) return StopReason::userCancelled();
@@ -118,22 +121,38 @@ StopReason SortEngine::takeFiles(Run& run) {
     return StopReason::completed();
 }
 
+SortEngine::PreparedShot SortEngine::prepare(const Run& run, std::size_t index) {
+    const std::vector<fs::path> shot = run.shot(index);
+    PreparedShot prepared{classifyShot(shot, run.input.options.assumedLocation), std::nullopt};
+    const bool isCalled = run.gate <= prepared.classified.species.confidence();
+    if (!isCalled && makesPosters(run.input)) prepared.poster = Poster::make(shot);
+    return prepared;
+}
+
+/// The page reaches no file in a day folder. Where originals go, nothing but the shots themselves
+/// is written.
+bool SortEngine::makesPosters(const RunInput& input) const {
+    const bool isWanted = input.mode == AppMode::sort && input.options.mode == CopyMode::keep;
+    return isWanted && !input.options.dateSubfolders && files_->changesDisk();
+}
+
 SortEngine::Space SortEngine::takeShot(Run& run, std::size_t index,
-                                       LookAhead<ClassifiedShot>& ahead) {
-    std::optional<ClassifiedShot> shot;
+                                       LookAhead<PreparedShot>& ahead) {
+    std::optional<PreparedShot> prepared;
     try {
-        shot = ahead.take();
+        prepared = ahead.take();
     } catch (const std::exception& error) {
         run.fail(error);
         return Space::left;
     }
-    const bool isCalled = run.gate <= shot->species.confidence();
+    const ClassifiedShot& shot = prepared->classified;
+    const bool isCalled = run.gate <= shot.species.confidence();
     run.sink.emit(Prediction{
-        shot->species, isCalled ? std::nullopt : std::optional<std::string>(lowConfidenceNotice)});
-    run.rememberFrame(index, *shot);
+        shot.species, isCalled ? std::nullopt : std::optional<std::string>(lowConfidenceNotice)});
+    run.rememberFrame(index, shot);
     try {
-        run.isFind() ? fileForFind(run, index, *shot, isCalled)
-                     : fileForSort(run, index, *shot, isCalled);
+        run.isFind() ? fileForFind(run, index, shot, isCalled)
+                     : fileForSort(run, index, *prepared, isCalled);
     } catch (const std::exception& error) {
         if (isOutOfSpace(error)) return Space::exhausted;
         run.fail(error);
@@ -142,8 +161,9 @@ SortEngine::Space SortEngine::takeShot(Run& run, std::size_t index,
     return Space::left;
 }
 
-void SortEngine::fileForSort(Run& run, std::size_t index, const ClassifiedShot& shot,
+void SortEngine::fileForSort(Run& run, std::size_t index, const PreparedShot& prepared,
                              bool isCalled) {
+    const ClassifiedShot& shot = prepared.classified;
     const std::string folder = isCalled ? displayName(shot.species) : uncertainFolderName;
     append(run.warnings, place(run.input.paths[index], run.partners(index), run.input.destination,
                                folder, run.input.options, shot.metadata));
@@ -162,6 +182,7 @@ void SortEngine::fileForSort(Run& run, std::size_t index, const ClassifiedShot& 
     } catch (const std::exception&) {
         // The list is a convenience: the shot is where it belongs, and on the page.
     }
+    if (!run.input.options.dateSubfolders) keepStandIn(prepared.poster);
 }
 
 void SortEngine::fileForFind(Run& run, std::size_t index, const ClassifiedShot& shot,

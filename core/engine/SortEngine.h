@@ -200,6 +200,11 @@ public:
     /// such shot nothing is written. A failure is ignored.
     void writeReviewPage(const std::filesystem::path& baseDest, double gate);
 
+    /// Keeps a picture for the page to show in place of the shot that was placed last, where
+    /// browsers can't show its file: a partner of it, or else the poster that was made of it, if
+    /// any. What can't be kept is left out.
+    void keepStandIn(const std::optional<std::string>& poster);
+
     /// The shots of this run, and of the one it resumed, that are in `_Uncertain`.
     const std::vector<ReviewPage::Row>& reviewRows() const { return reviewRows_; }
 
@@ -218,6 +223,12 @@ private:
     };
 
     struct Run;
+    /// A shot as it is made ready ahead of its turn.
+    struct PreparedShot {
+        ClassifiedShot classified;
+        /// For the review page; only of a shot that goes there and needs one.
+        std::optional<std::string> poster;
+    };
     enum class Space { left, exhausted };
 
     void runLoop(const RunInput& input, EventStream<Event>& sink, const std::stop_token& stop);
@@ -225,8 +236,10 @@ private:
     /// Keeps room in the destination for what the run writes at its end, should it fill up before.
     void keepRoomForEnding(Run& run);
     StopReason takeFiles(Run& run);
-    Space takeShot(Run& run, std::size_t index, LookAhead<ClassifiedShot>& ahead);
-    void fileForSort(Run& run, std::size_t index, const ClassifiedShot& shot, bool isCalled);
+    PreparedShot prepare(const Run& run, std::size_t index);
+    bool makesPosters(const RunInput& input) const;
+    Space takeShot(Run& run, std::size_t index, LookAhead<PreparedShot>& ahead);
+    void fileForSort(Run& run, std::size_t index, const PreparedShot& prepared, bool isCalled);
     void fileForFind(Run& run, std::size_t index, const ClassifiedShot& shot, bool isCalled);
     void end(Run& run, const StopReason& reason);
     void promoteBursts(Run& run);
@@ -264,6 +277,8 @@ private:
     Carried carried_;
     SidecarIndex sidecarIndex_;
     std::optional<std::filesystem::path> lastPlacedURL_;
+    /// Where the last `place` put the other files of its shot.
+    std::vector<std::filesystem::path> lastPlacedPartners_;
 
     /// Last, so that it has ended before what it uses goes.
     std::jthread runThread_;

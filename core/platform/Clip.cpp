@@ -1,6 +1,7 @@
 #include "platform/Clip.h"
 
 extern "C" {
+#include <libavcodec/avcodec.h>
 #include <libavcodec/packet.h>
 #include <libavformat/avformat.h>
 #include <libavutil/dict.h>
@@ -145,6 +146,18 @@ Clip::Clip(std::unique_ptr<const Clock::time_point> deadline, ContainerHandle co
     duration_ = durationOf(*container_, video_);
     readOnly(*container_, video_);
     if (hasVideo()) frames_ = ClipFrames::of(*container_, video_);
+}
+
+Clip::Coding Clip::coding() const {
+    if (!hasVideo()) return {};
+    const AVCodecParameters& parameters = *container_->streams[video_]->codecpar;
+    if (parameters.codec_id == AV_CODEC_ID_NONE) return {};
+    Coding coding{avcodec_get_name(parameters.codec_id), std::nullopt};
+    // The decoder's configuration begins with its version, 1, and the profile (ISO/IEC 14496-15).
+    const bool isStated = parameters.codec_id == AV_CODEC_ID_H264 &&
+                          parameters.extradata_size > 1 && parameters.extradata[0] == 1;
+    if (isStated) coding.h264Profile = parameters.extradata[1];
+    return coding;
 }
 
 std::vector<Bitmap> Clip::frames(const std::vector<FrameTime>& times, int maxDimension) {

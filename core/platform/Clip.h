@@ -31,6 +31,15 @@ public:
     /// Whether there are moving pictures beside sound and cover art.
     bool hasVideo() const { return video_ >= 0; }
 
+    /// How the moving pictures are coded: FFmpeg's name of the codec, as "h264" or "hevc", empty
+    /// where it is unknown or there are none; of H.264 the profile as well (ISO/IEC 14496-10,
+    /// profile_idc), where the container states it.
+    struct Coding {
+        std::string codec;
+        std::optional<int> h264Profile;
+    };
+    Coding coding() const;
+
     /// Frames for times that ascend, in their order: for each a key frame in between its earliest
     /// and its latest, or else a frame that the clip shows there. They are upright, in sRGB, with
     /// square pixels, the longer side at most `maxDimension` pixels.

@@ -84,6 +84,10 @@ public:
     /// lies there, if the system tells. The words of a failure are the reason alone.
     virtual std::optional<std::filesystem::path> trash(const std::filesystem::path& path) = 0;
 
+    /// Writes a new file under a name that must be free. The name appears only once the file is
+    /// complete, and a failure leaves nothing behind. It may still lie in the system's cache.
+    virtual void create(const std::filesystem::path& path, std::string_view bytes) = 0;
+
     /// Writes the whole file so that a reader sees the old contents or the new, never a part.
     virtual void replaceContents(const std::filesystem::path& path, std::string_view bytes) = 0;
 

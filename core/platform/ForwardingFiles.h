@@ -52,6 +52,10 @@ public:
         return files_->trash(path);
     }
 
+    void create(const std::filesystem::path& path, std::string_view bytes) override {
+        files_->create(path, bytes);
+    }
+
     void replaceContents(const std::filesystem::path& path, std::string_view bytes) override {
         files_->replaceContents(path, bytes);
     }

@@ -108,6 +108,7 @@ public:
     }
 
     std::optional<fs::path> trash(const fs::path& path) override;
+    void create(const fs::path& path, std::string_view bytes) override;
     void replaceContents(const fs::path& path, std::string_view bytes) override;
 
     std::unique_ptr<AppendingFile> openForAppending(const fs::path& path) override {
@@ -184,10 +185,26 @@ std::optional<fs::path> SystemFiles::trash(const fs::path& path) {
     return std::nullopt;
 }
 
+FileDescriptor openNew(const fs::path& path) {
+    return FileDescriptor(
+        ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, newFileMode));
+}
+
+void SystemFiles::create(const fs::path& path, std::string_view bytes) {
+    const auto require = [&](int errnoValue) {
+        if (errnoValue != 0) throw fileError(path, "written", errnoValue);
+    };
+    const TemporaryName temporary(path.parent_path());
+    {
+        const FileDescriptor file = openNew(temporary.path());
+        require(file.isOpen() ? writeAll(file.get(), bytes) : errno);
+    }
+    require(ExclusiveRename::rename(temporary.path(), path));
+}
+
 /// Answers 0, or the errno of what failed.
 int writeFlushed(const fs::path& newFile, std::optional<mode_t> mode, std::string_view bytes) {
-    const FileDescriptor file(
-        ::open(newFile.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, newFileMode));
+    const FileDescriptor file = openNew(newFile);
     if (!file.isOpen()) return errno;
     if (mode) ::fchmod(file.get(), *mode);
     if (const int failure = writeAll(file.get(), bytes)) return failure;

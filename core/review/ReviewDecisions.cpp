@@ -9,6 +9,7 @@
 #include "platform/Error.h"
 #include "platform/Paths.h"
 #include "platform/Text.h"
+#include "review/PosterFolder.h"
 #include "review/UncertainFolder.h"
 
 namespace ornivo::ReviewDecisions {
@@ -113,7 +114,9 @@ private:
     bool moveInto(const fs::path& folder, const std::string& name) {
         try {
             files_.createDirectories(folder);
-            shotNamed(name).moveTo(folder, files_);
+            const LyingShot shot = shotNamed(name);
+            shot.moveTo(folder, files_);
+            PosterFolder(uncertain_, files_).remove(shot);
             return true;
         } catch (const Error&) {
             return false;

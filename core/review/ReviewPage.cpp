@@ -78,6 +78,34 @@ std::string jsonRows(const std::vector<Row>& rows) {
     return json + ']';
 }
 
+/// A path as it stands in an address: any of its bytes may come, also those that are no UTF-8.
+std::string addressOf(std::string_view path) {
+    constexpr std::string_view plain =
+        "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~/";
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    std::string address;
+    for (const char each : path) {
+        if (plain.find(each) != std::string_view::npos) {
+            address += each;
+            continue;
+        }
+        const auto code = static_cast<unsigned char>(each);
+        address += {'%', digits[code / 16], digits[code % 16]};
+    }
+    return address;
+}
+
+/// The rows that have a stand-in, by their indexes, with its address.
+std::string jsonStandIns(const std::vector<Row>& rows) {
+    std::string json = "[";
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        if (rows[i].standIn.empty()) continue;
+        if (json.size() > 1) json += ',';
+        json += "[" + std::to_string(i) + "," + jsonString(addressOf(rows[i].standIn)) + "]";
+    }
+    return json + ']';
+}
+
 /// The text with each `{{name}}` replaced. What is put in is not looked through again.
 std::string filled(std::string_view text, const Values& values) {
     std::string result;
@@ -100,9 +128,11 @@ std::string html(const std::vector<Row>& rows, double gate, std::chrono::sys_sec
     const std::string species = groupedNumber(BirdClassifierLabels::speciesCount(), locale);
     const std::string stamp = dateText(generated, std::string(datePattern), locale, timeZone);
     const std::string items = jsonRows(rows);
+    const std::string standIns = jsonStandIns(rows);
     return filled(pageMarkup, {{"style", pageStyle},
                                {"script", pageScript},
                                {"rows", items},
+                               {"standIns", standIns},
                                {"count", count},
                                {"plural", rows.size() == 1 ? "" : "s"},
                                {"gatePercent", gatePercent},

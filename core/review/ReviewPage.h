@@ -16,6 +16,9 @@ struct Row {
     /// The file's name as it lies in `_Uncertain`.
     std::string fileName;
     std::vector<IdentifiedSpecies::Candidate> candidates;
+    /// The picture that the page shows where a browser can't show the file itself: its path as
+    /// seen from `_Uncertain`; empty where there is none.
+    std::string standIn = {};
 
     bool operator==(const Row&) const = default;
 };

@@ -17,6 +17,8 @@ namespace ornivo::cli {
 namespace fs = std::filesystem;
 using namespace ornivo::testing;
 using ::testing::ElementsAre;
+using ::testing::EndsWith;
+using ::testing::StartsWith;
 
 class CheckCommandTest : public ::testing::Test {
 protected:
@@ -94,6 +96,20 @@ TEST_F(CheckCommandTest, ATightFitIsToldAndIsNoFailure) {
                                 disk->path().filename().string() +
                                 " — close enough that anything else running could fill it."));
     EXPECT_TRUE(fs::is_empty(disk->path())) << "nothing is made";
+}
+
+TEST_F(CheckCommandTest, ThePicturesForTheReviewPageNeedRoomToo) {
+    const auto disk = SmallDisk::mount(1 << 20);
+    if (!disk) GTEST_SKIP() << "this user may not mount a small file system";
+    writeFile(scene.in / "a.nef", "a RAW file");
+    EXPECT_EQ(check({disk->path().string()}).code, 0);
+    writeFile(scene.in / "b.nef", "another");
+    ASSERT_LT(bytes(), 1 << 20);
+    const Ending ending = check({disk->path().string()});
+    EXPECT_EQ(ending.code, 4);
+    EXPECT_THAT(linesOf(ending.out).back(),
+                StartsWith("Not enough room: about 1.2 MB needed, 1 MB free on "));
+    EXPECT_THAT(linesOf(ending.out).front(), EndsWith(size()));
 }
 
 TEST_F(CheckCommandTest, WhatDoesNotFitIsExitCode4) {

@@ -179,6 +179,15 @@ TEST_F(PretendingFilesTest, WhatIsWrittenCanBeReadAndIsToldOnce) {
     EXPECT_EQ(files.plan(), (Plan{{Kind::write, {}, page}}));
 }
 
+TEST_F(PretendingFilesTest, WhatIsNewlyWrittenTakesAFreeNameOnly) {
+    const fs::path page = out / "new.html";
+    files.create(page, "one");
+    EXPECT_EQ(files.read(page), "one");
+    EXPECT_EQ(failureOf([&] { files.create(page, "two"); }), EEXIST);
+    EXPECT_EQ(failureOf([&] { files.create(out / "none/new.html", "two"); }), ENOENT);
+    EXPECT_EQ(files.plan(), (Plan{{Kind::write, {}, page}}));
+}
+
 TEST_F(PretendingFilesTest, WhatIsAppendedFollowsWhatIsThere) {
     const fs::path list = out / "Hoopoe/a.jpg";
     files.openForAppending(list)->write("+1");

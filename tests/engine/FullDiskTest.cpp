@@ -23,10 +23,10 @@ protected:
         writeFile(disk_->path() / "ballast", std::string(600 << 10, 'x'));
     }
 
-    /// A picture of 100 KiB: decoders stop at the end of the image.
+    /// A picture of 96 KiB: decoders stop at the end of the image.
     fs::path heavyPicture(const std::string& name, double confidence = 0.9) {
         const fs::path path = scene_->picture(name, robin, confidence);
-        std::ofstream(path, std::ios::app) << std::string(100 << 10, '\0');
+        std::ofstream(path, std::ios::app) << std::string(96 << 10, '\0');
         return path;
     }
 

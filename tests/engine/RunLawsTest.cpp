@@ -4,6 +4,7 @@
 
 #include <fstream>
 
+#include "review/PosterFolder.h"
 #include "support/PrivateTrash.h"
 #include "support/RunScene.h"
 
@@ -82,6 +83,48 @@ TEST_F(RunLawsTest, FilesThatAStopLeftOutNeedNoAccount) {
     begin();
     copy(0);
     EXPECT_EQ(violations(1, 0, 0), Texts());
+}
+
+TEST_F(RunLawsTest, PostersOfTheReviewPageMayComeAndGo) {
+    const fs::path posters = input_.destination / "_Uncertain/.review-pictures";
+    writeFile(posters / "old.dng.jpg", PosterFolder::marked("\xFF\xD8 old"));
+    writeFile(posters / "replaced.dng.jpg", PosterFolder::marked("\xFF\xD8 one"));
+    begin();
+    copy(0);
+    fs::remove(posters / "old.dng.jpg");
+    writeFile(posters / "replaced.dng.jpg", PosterFolder::marked("\xFF\xD8 another"));
+    writeFile(posters / "new.dng.jpg", PosterFolder::marked("\xFF\xD8 new"));
+    EXPECT_EQ(violations(1, 1), Texts());
+}
+
+TEST_F(RunLawsTest, APosterThatIsNotWholeIsFound) {
+    const fs::path poster = input_.destination / "_Uncertain/.review-pictures/a.dng.jpg";
+    begin();
+    copy(0);
+    const std::string whole = PosterFolder::marked("\xFF\xD8 picture");
+    writeFile(poster, whole.substr(0, whole.size() - 1));
+    EXPECT_EQ(violations(1, 1), Texts{poster.string() + " was left behind"});
+}
+
+TEST_F(RunLawsTest, SomebodyElsesFileAmongThePostersMayNotGo) {
+    const fs::path foreign =
+        writeFile(input_.destination / "_Uncertain/.review-pictures/a.dng.jpg", "\xFF\xD8 mine");
+    begin();
+    copy(0);
+    writeFile(foreign, PosterFolder::marked("\xFF\xD8 ours"));
+    EXPECT_EQ(violations(1, 1),
+              Texts{foreign.string() + " was there before, and has changed or gone"});
+    fs::remove(foreign);
+    EXPECT_EQ(violations(1, 1),
+              Texts{foreign.string() + " was there before, and has changed or gone"});
+}
+
+TEST_F(RunLawsTest, APosterOutsideItsFolderIsOneMoreFile) {
+    begin();
+    copy(0);
+    const fs::path poster =
+        writeFile(input_.destination / "_Uncertain/a.jpg", PosterFolder::marked("\xFF\xD8 new"));
+    EXPECT_EQ(violations(1, 1), Texts{poster.string() + " was left behind"});
 }
 
 // The first law.

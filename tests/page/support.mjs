@@ -73,11 +73,13 @@ export function runProgram(name, args, input = '') {
   return done.stdout;
 }
 
-/** Writes half a second of one colour. */
-export function writeClip(path) {
+/** Writes half a second of one colour, with sound if wished for. */
+export function writeClip(path,
+  { size = '128x96', coding = ['-c:v', 'libx264'], sound = false } = {}) {
+  const tone = sound ? ['-f', 'lavfi', '-i', 'sine=d=0.5', '-c:a', 'aac'] : [];
   const done = spawnSync('ffmpeg', [
-    '-nostdin', '-y', '-loglevel', 'error', '-f', 'lavfi', '-i', 'color=gray:s=128x96:r=10:d=0.5',
-    '-c:v', 'libx264', '-pix_fmt', 'yuv420p', path,
+    '-nostdin', '-y', '-loglevel', 'error', '-f', 'lavfi', '-i', `color=gray:s=${size}:r=10:d=0.5`,
+    ...tone, ...coding, '-pix_fmt', 'yuv420p', path,
   ], { encoding: 'utf8' });
   if (done.error) throw done.error;
   if (done.status !== 0) throw new Error(`ffmpeg made no ${path}: ${done.stderr}`);

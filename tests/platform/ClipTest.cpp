@@ -257,6 +257,22 @@ TEST(Clip, ADurationThatTheHeadersDoNotStateIsThatOfThePictures) {
     EXPECT_FALSE(Clip::open(fragments).value().duration());
 }
 
+TEST(Clip, TheCodingIsToldByItsNameAndOfH264ByItsProfile) {
+    const TempFolder folder;
+    const auto codingOf = [&](const char* name, const FFmpegArguments& output) {
+        const auto clip =
+            Clip::open(writeClip(folder / name, plainPictures("red", 64, 48, 1), output));
+        return clip ? clip->coding() : Clip::Coding{"no clip", std::nullopt};
+    };
+    const auto high = codingOf("a.mp4", {"-c:v", "libx264", "-pix_fmt", "yuv420p"});
+    EXPECT_EQ(high.codec, "h264");
+    EXPECT_EQ(high.h264Profile, 100);
+    EXPECT_EQ(codingOf("b.mp4", {"-c:v", "libx264", "-pix_fmt", "yuv422p"}).h264Profile, 122);
+    const auto jpegs = codingOf("c.mov", {"-c:v", "mjpeg"});
+    EXPECT_EQ(jpegs.codec, "mjpeg");
+    EXPECT_EQ(jpegs.h264Profile, std::nullopt);
+}
+
 TEST(Clip, SoundAloneHasNoVideo) {
     const TempFolder folder;
     const auto clip = Clip::open(writeClip(folder / "a.mp4", {"-f", "lavfi", "-i", "sine=d=1"}));

@@ -245,6 +245,27 @@ TEST_F(SystemFiles, AMissingFileCannotBeTrashed) {
     EXPECT_EQ(error.code(), ENOENT);
 }
 
+TEST_F(SystemFiles, ANewFileTakesAFreeNameOnly) {
+    files_->create(folder_ / "a.jpg", "picture");
+    EXPECT_EQ(readFile(folder_ / "a.jpg"), "picture");
+    const Error error = failureOf([&] { files_->create(folder_ / "a.jpg", "another"); });
+    EXPECT_EQ(error.localizedDescription(), "\"a.jpg\" couldn't be written: File exists");
+    EXPECT_EQ(error.code(), EEXIST);
+    EXPECT_EQ(readFile(folder_ / "a.jpg"), "picture");
+    fs::create_symlink("nowhere", folder_ / "link");
+    EXPECT_EQ(failureOf([&] { files_->create(folder_ / "link", "x"); }).code(), EEXIST);
+    EXPECT_THAT(files_->namesIn(folder_.path()), ElementsAre("a.jpg", "link"));
+}
+
+TEST_F(SystemFiles, ANewFileThatDoesNotFitLeavesNothing) {
+    const auto disk = SmallDisk::mount(1 << 20);
+    if (!disk) GTEST_SKIP() << "no file system can be mounted here";
+    const Error error =
+        failureOf([&] { files_->create(*disk / "a", std::string(3'000'000, 'x')); });
+    EXPECT_EQ(error.code(), ENOSPC);
+    EXPECT_THAT(files_->namesIn(disk->path()), ElementsAre());
+}
+
 TEST_F(SystemFiles, ContentsAreReplacedWhole) {
     files_->replaceContents(folder_ / "resume.json", "first");
     EXPECT_EQ(readFile(folder_ / "resume.json"), "first");

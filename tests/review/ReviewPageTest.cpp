@@ -46,6 +46,17 @@ TEST(ReviewPage, ARowIsAFileNameAndItsGuessesWithoutBlanks) {
               R"({"n":"Dunnock","s":"Prunella modularis","c":0.2000}]},{"f":"b 2.jpg","k":[]}])");
 }
 
+TEST(ReviewPage, StandInsStandInATableOfTheirOwnAndLeaveTheRowsAsTheyAre) {
+    const std::vector<ReviewPage::Row> rows{
+        {"a.jpg", {}}, {"b.dng", {}, "b 1.jpg"}, {"c.tif", {}, ".review-pictures/\xe9\"<&.jpg"}};
+    EXPECT_EQ(itemsOf(rows), R"([{"f":"a.jpg","k":[]},{"f":"b.dng","k":[]},{"f":"c.tif","k":[]}])");
+    EXPECT_THAT(pageOf(rows),
+                HasSubstr("}];\nconst STAND_INS = "
+                          R"([[1,"b%201.jpg"],[2,".review-pictures/%E9%22%3C%26.jpg"]];)"
+                          "\n"));
+    EXPECT_THAT(pageOf({{"a.jpg", {}}}), HasSubstr("}];\nconst STAND_INS = [];\n"));
+}
+
 TEST(ReviewPage, ThereAreNoItemsWithoutRows) {
     EXPECT_EQ(itemsOf({}), "[]");
 }

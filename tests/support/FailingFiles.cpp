@@ -43,6 +43,11 @@ std::optional<fs::path> FailingFiles::trash(const fs::path& path) {
     return ForwardingFiles::trash(path);
 }
 
+void FailingFiles::create(const fs::path& path, std::string_view bytes) {
+    attempt(Operation::create, path);
+    ForwardingFiles::create(path, bytes);
+}
+
 void FailingFiles::replaceContents(const fs::path& path, std::string_view bytes) {
     attempt(Operation::replace, path);
     ForwardingFiles::replaceContents(path, bytes);

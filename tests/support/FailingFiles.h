@@ -17,7 +17,17 @@ namespace ornivo::testing {
 /// while nothing is being done.
 class FailingFiles : public ForwardingFiles {
 public:
-    enum class Operation { namesIn, createDirectories, copy, move, remove, trash, replace, append };
+    enum class Operation {
+        namesIn,
+        createDirectories,
+        copy,
+        move,
+        remove,
+        trash,
+        create,
+        replace,
+        append
+    };
 
     /// One attempt at something.
     struct Attempt {
@@ -45,6 +55,7 @@ public:
     void move(const std::filesystem::path& from, const std::filesystem::path& to) override;
     void remove(const std::filesystem::path& path) override;
     std::optional<std::filesystem::path> trash(const std::filesystem::path& path) override;
+    void create(const std::filesystem::path& path, std::string_view bytes) override;
     void replaceContents(const std::filesystem::path& path, std::string_view bytes) override;
     std::unique_ptr<AppendingFile> openForAppending(const std::filesystem::path& path) override;
 

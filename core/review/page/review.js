@@ -1,5 +1,8 @@
 const KEY = 'ornivo.review.' + location.pathname;
 const CLIP = /\.(mov|mp4|m4v)$/i;
+/** Pictures that no browser shows, and those that some do. */
+const RAW = /\.(raw|cr2|cr3|nef|arw|dng|orf|rw2)$/i;
+const RARE = /\.(heic|heif|tiff|tif)$/i;
 
 const byId = (id) => document.getElementById(id);
 const escaped = (text) => text.replace(/&/g, '&amp;').replace(/</g, '&lt;')
@@ -36,11 +39,49 @@ function store() {
 
 // ---- Cards ----
 
-function mediaOf(row) {
+/** From a row's index to the picture for browsers that can't show the row's file. */
+const standIns = new Map(STAND_INS);
+
+/** A file that may turn out not to be shown is out of sight until it is. */
+function mediaOf(row, index) {
   const source = escaped(encodeURI(row.f));
-  return CLIP.test(row.f)
-    ? `<video src="${source}" controls preload="metadata" playsinline></video>`
-    : `<img src="${source}" alt="" loading="lazy">`;
+  const standIn = escaped(standIns.get(index) ?? '');
+  if (CLIP.test(row.f)) {
+    const poster = standIn && ` poster="${standIn}"`;
+    return `<video src="${source}" controls preload="metadata" playsinline${poster}></video>`;
+  }
+  if (standIn && RAW.test(row.f)) return `<img src="${standIn}" alt="" loading="lazy">`;
+  const trial = standIn && ' class="trial"';
+  return `<img src="${source}" alt="" loading="lazy"${trial}>`;
+}
+
+function whyBare(name) {
+  if (CLIP.test(name)) return 'No picture: this browser can’t play the clip, or it is no longer here.';
+  return RAW.test(name) || RARE.test(name)
+    ? 'No picture: this browser doesn’t show files of this kind, and there is no preview of it.'
+    : 'No picture: the file is no longer here, or it can’t be read.';
+}
+
+/** The browser can't show this: its stand-in comes in its place, or else a sentence does. */
+function fallBack(media) {
+  const index = rowOf(media);
+  const frame = media.parentElement;
+  const note = document.createElement('p');
+  const standIn = standIns.get(index);
+  if (standIn && media.getAttribute('src') !== standIn) {
+    const image = document.createElement('img');
+    image.alt = '';
+    image.src = standIn;
+    media.replaceWith(image);
+    if (media.tagName !== 'VIDEO') return;
+    frame.classList.add('still');
+    note.textContent = 'This browser can’t play the clip. Here is a picture from it.';
+  } else {
+    frame.classList.add('bare');
+    frame.querySelector('p')?.remove();
+    note.textContent = whyBare(ROWS[index].f);
+  }
+  frame.append(note);
 }
 
 function guessOf(guess, index) {
@@ -55,13 +96,23 @@ function cardOf(row, index) {
   const choice = picks[row.f];
   const typed = typeof choice === 'string' ? escaped(choice) : '';
   return `<article class="card" id="c${index}" data-i="${index}" aria-labelledby="f${index}">` +
-    `<div class="media">${mediaOf(row)}</div><div class="side">` +
+    `<div class="media">${mediaOf(row, index)}</div><div class="side">` +
     `<h2 class="file" id="f${index}">${escaped(row.f)}</h2>${row.k.map(guessOf).join('')}` +
     '<label class="own"><span>Or name it yourself</span>' +
     '<input type="text" data-own placeholder="e.g. Koklass Pheasant" autocapitalize="words" ' +
     `autocomplete="off" autocorrect="off" spellcheck="false" value="${typed}"></label>` +
     '</div></article>';
 }
+
+const rowOf = (element) => Number(element.closest('.card').dataset.i);
+
+// These don't rise from the media, so they are caught on the way down; before any can happen.
+byId('cards').addEventListener('error', (event) => fallBack(event.target), true);
+byId('cards').addEventListener('load', (event) => event.target.classList.remove('trial'), true);
+byId('cards').addEventListener('loadedmetadata', (event) => {
+  // Of a clip whose pictures it can't decode a browser may play the sound.
+  if (!event.target.videoWidth) fallBack(event.target);
+}, true);
 
 byId('cards').innerHTML = ROWS.map(cardOf).join('');
 
@@ -211,8 +262,6 @@ function offer(text) {
 }
 
 // ---- Mouse and keyboard ----
-
-const rowOf = (element) => Number(element.closest('.card').dataset.i);
 
 byId('cards').addEventListener('click', (event) => {
   const card = event.target.closest('.card');
