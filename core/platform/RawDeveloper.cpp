@@ -89,7 +89,8 @@ const std::set<std::string, std::less<>>& knownCameras() {
         std::set<std::string, std::less<>> names;
         for (const char* const* camera = LibRaw::cameraList(); *camera; ++camera) {
             const std::string_view entry(*camera);
-            const std::size_t end = std::min(entry.find(" / "), entry.find(" ("));
+            const std::size_t end =
+                std::min({entry.find(" / "), entry.find(" ("), entry.find(", ")});
             names.insert(plain(entry.substr(0, end)));
         }
         return names;

@@ -77,7 +77,7 @@ private:
         if (directory.find(tag::dngVersion) || directory.find(tag::cr2Slices)) isRaw_ = true;
         if (holdsSensorData(directory))
             readSensorDirectory(directory);
-        else
+        else if (holdsPicture(directory))
             offerPictures(directory);
         if (const auto exif = structure_.number(directory, tiffTag::exif)) readExif(*exif);
         readSubDirectories(directory);
@@ -94,6 +94,15 @@ private:
         constexpr std::uint32_t linearRaw = 34892;
         const auto photometric = structure_.number(directory, tag::photometric);
         return photometric == colourFilterArray || photometric == linearRaw;
+    }
+
+    /// Beside its pictures a DNG may hold masks and depths of the same size. Makers' own
+    /// directories often don't tell what they hold.
+    bool holdsPicture(const TiffEntries& directory) const {
+        // Grey from white, grey from black, RGB and YCbCr.
+        constexpr std::array<std::uint32_t, 4> pictures{0, 1, 2, 6};
+        const auto photometric = structure_.number(directory, tag::photometric);
+        return !photometric || std::ranges::find(pictures, *photometric) != pictures.end();
     }
 
     /// Of several, such as those of a DNG with a smaller copy, the largest counts.

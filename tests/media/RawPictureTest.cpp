@@ -117,6 +117,17 @@ TEST_P(RawPicture, AdobeRGBBecomesSRGBWhereverItIsTold) {
     }
 }
 
+TEST_P(RawPicture, AGreyPreviewStaysGreyWhateverColoursTheFileTells) {
+    const std::string jpeg = jpegOf(filled(810, 540, {90, 90, 90}), {.kind = JpegKind::grey});
+    for (const AdobeMark mark : {AdobeMark::none, AdobeMark::exif}) {
+        const auto picture = decoded({{jpeg}}, {.adobe = mark});
+        ASSERT_TRUE(picture);
+        const Colour found = middleOf(*picture);
+        EXPECT_TRUE(isNear(found, {90, 90, 90}, 2 * tolerance)) << found;
+        EXPECT_TRUE(found.red == found.green && found.green == found.blue) << found;
+    }
+}
+
 TEST_P(RawPicture, AProfileInThePreviewGoesBeforeWhatTheFileTells) {
     const Bitmap scene = quarters(810, 540);
     const std::string jpeg = jpegOf(scene, {.kind = JpegKind::displayP3});
@@ -249,11 +260,10 @@ TEST_P(RawPicture, ALengthOfFourGigabytesIsNotBelieved) {
     const std::string jpeg = flatJpeg({810, 540}, amber);
     const std::string right = flatJpeg({1200, 800}, teal);
     for (const std::uint32_t length : {0xFFFFFFFFU, 0xFFFFFF00U}) {
-        if (GetParam() == RawKind::cr3) {
-            EXPECT_TRUE(decoded({{right}, {jpeg, {}, length}}));
-            continue;
-        }
-        const auto picture = decoded({{jpeg, {}, length}, {right}});
+        // A CR3 holds its preview itself, and tells the length of its track's sample alone.
+        const bool isSecond = GetParam() == RawKind::cr3;
+        const RawPreview lost{jpeg, {}, length};
+        const auto picture = isSecond ? decoded({{right}, lost}) : decoded({lost, {right}});
         ASSERT_TRUE(picture);
         EXPECT_TRUE(isNear(middleOf(*picture), teal, tolerance));
     }
@@ -302,6 +312,8 @@ TEST(RawPictureFallback, APictureThatIsNoRawFileIsAbsent) {
     const TempFolder folder;
     EXPECT_FALSE(decodeRawPicture(writeJpeg(folder / "a.nef", 810, 540), 640));
     EXPECT_FALSE(decodeRawPicture(writeTiff(folder / "b.dng", quarters(900, 600)), 640));
+    const auto deep = writeTiff(folder / "deep.dng", quarters(900, 600), TiffKind::sixteenBit);
+    EXPECT_FALSE(decodeRawPicture(deep, 640));
     EXPECT_FALSE(decodeRawPicture(writeFile(folder / "c.cr3", ""), 640));
     EXPECT_FALSE(decodeRawPicture(folder / "missing.arw", 640));
     EXPECT_FALSE(decodeRawPicture(folder.path(), 640));

@@ -140,6 +140,23 @@ TEST(RawContainer, TheDataOfASensorAreNoPicture) {
     EXPECT_TRUE(container->pictures.empty());
 }
 
+TEST(RawContainer, MasksAndDepthsBesideThePictureAreNoPictures) {
+    // Of a transparent picture, of its depth, of its parts: the kinds that DNG knows.
+    for (const std::uint32_t photometric : {6U, 4U, 51177U, 52527U}) {
+        TiffBytes file(std::string("II\x2A\0\0\0\0\0", 8), false);
+        const std::string jpeg = jpegOf(filled(900, 600), {.kind = JpegKind::grey});
+        const auto at = file.append(jpeg);
+        file.setFirst(file.directory(
+            {TiffBytes::shorts(0x0103, {7}), TiffBytes::shorts(0x0106, {photometric}),
+             TiffBytes::longs(0x0111, {at}),
+             TiffBytes::longs(0x0117, {static_cast<std::uint32_t>(jpeg.size())}),
+             TiffBytes::undefined(0xC612, std::string("\1\4\0\0", 4))}));
+        const auto container = containerIn(file.bytes());
+        ASSERT_TRUE(container);
+        EXPECT_EQ(container->pictures.empty(), photometric != 6) << photometric;
+    }
+}
+
 /// Makes a file larger without taking room on a disk, and puts bytes behind its new end.
 void appendBehind(const fs::path& file, std::uint64_t end, const std::string& bytes) {
     fs::resize_file(file, end);
@@ -197,12 +214,20 @@ TEST(RawContainer, AJpegLargerThanAnyCameraMakesIsNone) {
 }
 
 TEST(RawContainer, ASizeOfSixteenExabytesIsNotBelieved) {
-    std::string file = rawFile(RawKind::cr3, {{jpegOfSize(300, 200)}});
-    const auto data = file.rfind("mdat");
-    file.replace(data + 4, 8, std::string(8, '\xFF'));
+    const std::string whole = rawFile(RawKind::cr3, {{jpegOfSize(300, 200)}});
+    const auto dataAt = whole.rfind("mdat") - 4;
+    constexpr std::size_t beforePreview = 36;
+    const auto previewAt = whole.rfind("PRVW") - beforePreview;
+    ASSERT_EQ(whole.substr(previewAt + 4, 4), "uuid");
+    // The box with the preview comes last, as if more followed than there can be.
+    const std::string file = whole.substr(0, previewAt) + numberBytes(1, 4, true) + "uuid" +
+                             std::string(8, '\xFF') +
+                             whole.substr(previewAt + 8, dataAt - previewAt - 8);
     const auto container = containerIn(file);
     ASSERT_TRUE(container);
-    EXPECT_EQ(container->pictures.size(), 1U);
+    ASSERT_EQ(container->pictures.size(), 1U);
+    const ByteRange range = container->pictures.front().range;
+    EXPECT_EQ(range.offset + range.length, file.size());
 }
 
 }  // namespace

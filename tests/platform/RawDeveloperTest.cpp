@@ -91,6 +91,8 @@ TEST(RawDeveloper, ACameraThatTheDeveloperDoesNotKnowIsAbsent) {
         return developRaw(writeDng(folder / "a.nef", quarters(256, 192), options), 64);
     };
     EXPECT_TRUE(developed("Canon", "Canon EOS R"));
+    // Sold under other names too, which the developer's list has behind a comma.
+    EXPECT_TRUE(developed("Panasonic", "DMC-ZS40"));
     // Their names begin with that of one that is known.
     EXPECT_FALSE(developed("Canon", "Canon EOS R7"));
     EXPECT_FALSE(developed("Canon", "Canon EOS R999"));
