@@ -398,6 +398,25 @@ TEST_F(PostersOnAFullDisk, OneWithoutRoomIsLeftOutAndNothingElseIsLost) {
     EXPECT_EQ(record->stoppedAtIndex, 2);
 }
 
+TEST_F(PostersOnAFullDisk, RoomIsKeptForTheirAddressesOnThePage) {
+    std::string longName;
+    for (int i = 0; i < 115; ++i) longName += "é";
+    scene_->identifier().answer(64, guesses({{robin.label, unsure}}));
+    for (int i = 0; i < 200; ++i) {
+        scene_->input.paths.push_back(
+            writeTiff(scene_->source() / (longName + std::to_string(i) + ".tif"), filled(64, 8)));
+    }
+    scene_->picture("last.jpg", robin, 0.9);
+    scene_->files().onAttempt([&](const FailingFiles::Attempt& attempt) {
+        const bool isLast =
+            attempt.operation == Operation::copy && attempt.path.filename() == "last.jpg";
+        if (isLast) fillUp();
+    });
+    EXPECT_EQ(scene_->run().lines().back(), "finished diskFull, last 199");
+    EXPECT_THAT(standIns(), HasSubstr("],[199,\".review-pictures/%C3%A9%C3%A9"));
+    EXPECT_TRUE(PausedRun::read(scene_->input.destination, scene_->files()));
+}
+
 TEST_F(PostersOnAFullDisk, AResumeKeepsThoseOfTheRowsThatItKeeps) {
     scene_->raw("a.dng", robin, unsure);
     scene_->raw("b.dng", robin, unsure);
