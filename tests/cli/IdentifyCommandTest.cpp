@@ -4,6 +4,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "cli/Numbers.h"
 #include "cli/SortScene.h"
 
 namespace ornivo::cli {
@@ -110,6 +111,13 @@ TEST_F(IdentifyCommandTest, AnExplanationTellsWhereTheBirdIs) {
     }
     const auto plain = nlohmann::json::parse(Program::run({"identify", "--json", photo}).out);
     EXPECT_FALSE(plain.contains("birdBox"));
+    const auto percent = [&](const char* field) {
+        return percentage(told.at("birdBox").at(field).get<double>());
+    };
+    EXPECT_THAT(Program::run({"identify", "--explain", photo}).out,
+                HasSubstr("  bird seen with " + percent("score") + ": " + percent("side") +
+                          " of the square's side, its centre " + percent("centreX") +
+                          " from the left and " + percent("centreY") + " from the top\n"));
 }
 
 TEST_F(IdentifyCommandTest, AnExplanationEndsInTheSameConfidencesAsThePlainAnswer) {
