@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Makes the classifier: model.onnx, labels.txt and report.md.
+"""Makes the classifier: model.onnx, labels.txt, report.md and sample_answers.csv.
 
     tools/classifier/make.py --start PACKAGE --pictures FOLDER --teacher MODEL --samples FOLDER
         --facts FILE --regions JSON --work FOLDER --out FOLDER [--compare MODEL]
@@ -61,7 +61,8 @@ def of_the_figures(making, compare):
     for one, file in zip(everyone, done):
         yield Step(f"answers of {one.name}", [one.path, making.work / "hashes.npz"], [file],
                    lambda one=one: steps_measure.ask(making, one))
-    yield Step("report", [*done, making.work / "trials.json"], [making.out / "report.md"],
+    told = [making.out / name for name in ("report.md", "sample_answers.csv")]
+    yield Step("report", [*done, making.work / "trials.json"], told,
                lambda: steps_measure.tell(making, everyone))
 
 

@@ -27,3 +27,14 @@ def read_samples(folder):
     with open(folder / "answers.csv", newline="", encoding="utf-8") as file:
         return [Sample(folder / "photos" / row["file"], row["scientific_name"].replace(" ", "_"))
                 for row in csv.DictReader(file)]
+
+
+def write_answers(path, samples, answers, labels):
+    """Writes the best label of each sample and its share, from `answers` [samples, labels]. The
+    program's own tests compare theirs with it (tests/support/sample_answers.csv)."""
+    best = answers.argmax(axis=1)
+    rows = sorted((sample.path.name, labels[label], f"{row[label]:.4f}")
+                  for sample, row, label in zip(samples, answers, best))
+    with open(path, "w", newline="", encoding="utf-8") as file:
+        writer = csv.writer(file, lineterminator="\n")
+        writer.writerows([("file", "label", "confidence"), *rows])

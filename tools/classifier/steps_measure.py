@@ -8,6 +8,7 @@ import onnx
 
 import answers
 import report
+import samples
 import sets
 from answers import Answered
 from measure import Model
@@ -54,7 +55,7 @@ def ask(making, one):
 
 
 def tell(making, everyone):
-    """Writes the report."""
+    """Writes the report, and what the classifier to ship answers to the samples."""
     columns = {one.name: one for one in everyone}
     labels = columns["proof"].labels
     tables = _Tables(making, columns)
@@ -62,6 +63,9 @@ def tell(making, everyone):
              *_held(tables, columns["start"].labels, labels), *_by_size(tables, labels),
              *_strangers(tables, labels), *_samples(tables)]
     (making.out / "report.md").write_text("\n".join(lines), encoding="utf-8")
+    samples.write_answers(making.out / "sample_answers.csv", samples.read_samples(making.samples),
+                          np.load(answers.path_of(making.work, "final", "samples")),
+                          columns["final"].labels)
 
 
 class _Tables:

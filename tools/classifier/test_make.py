@@ -15,6 +15,7 @@ from labels import candidates
 from making import Making
 from network import MEANS
 from pictures import load
+from samples import read_samples
 from steps_measure import Measured
 
 REGIONS = {"regions": [{"latitudes": [40, 50], "longitudes": [-90, -70],
@@ -82,6 +83,13 @@ class AMaking(unittest.TestCase):
             shutil.copy(making.start_model, making.model_file(name))
         steps.run(make.of_the_figures(making, compare=None), self.said.append)
         lines = (making.out / "report.md").read_text().splitlines()
+        told = (making.out / "sample_answers.csv").read_text().splitlines()
+        shares = np.load(making.work / "answers" / "final samples.npy")
+        names = sorted(one.path.name for one in read_samples(making.samples))
+        self.assertEqual(told[0], "file,label,confidence")
+        self.assertEqual([line.split(",")[0] for line in told[1:]], names)
+        self.assertEqual(sorted(line.split(",")[2] for line in told[1:]),
+                         sorted(f"{share:.4f}" for share in shares.max(axis=1)))
         asked = {path.name for path in (making.work / "answers").glob("*.npy")}
         self.assertIn("proof birds.npy", asked)
         self.assertNotIn("final birds.npy", asked)
